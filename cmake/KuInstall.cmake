@@ -1,0 +1,1 @@
+# What `cmake --install` gives: libraries, headers, the package for find_package(kuVariants).

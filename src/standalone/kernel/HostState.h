@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+
+#include "host/kuHostExport.h"
+
+class QMainWindow;
+
+namespace kuStandalone {
+
+/** What the library asked of the application so far, and what the application told it. */
+struct KUHOST_EXPORT HostState {
+  static HostState& the();
+
+  /** Frames asked for by kuController::updateRender, and the flag of the last request. */
+  std::uint64_t renderRequests = 0;
+  bool lastRenderRequestNow = false;
+  /** Calls of kuOSGWidget::cancelAntialiasing. */
+  std::uint64_t antialiasingCancels = 0;
+  bool busy = false;
+  /** Whether the name cache is open, and how often one was opened. */
+  bool findCacheOpen = false;
+  std::uint64_t findCacheOpenings = 0;
+  /** The answer of kuConnector::syncVariants. */
+  bool syncVariants = false;
+  /** The application's main window; null while it has none. */
+  QMainWindow* mainWindow = nullptr;
+};
+
+}  // namespace kuStandalone

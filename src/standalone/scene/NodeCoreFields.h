@@ -1,0 +1,19 @@
+#pragma once
+
+#include <vector>
+
+#include "host/osg/NodeCore.h"
+
+namespace kuStandalone {
+class SceneNode;
+}
+
+namespace osg {
+
+/** What this host keeps about every core. */
+struct NodeCoreFields {
+  /** The nodes that share the core; the first is the original, the others are its clones. */
+  std::vector<kuStandalone::SceneNode*> parents;
+};
+
+}  // namespace osg

@@ -1,0 +1,77 @@
+#include "standalone/scene/ScenePool.h"
+
+#include <algorithm>
+
+#include "standalone/scene/EditBrackets.h"
+#include "standalone/scene/MaterialFields.h"
+#include "standalone/scene/TextKey.h"
+
+namespace kuStandalone {
+
+ScenePool::ScenePool() : osg::MaterialPool(osg::MaterialPool::_type) {}
+
+ScenePool::~ScenePool() {
+  for (const osg::MaterialPtr& material : _materials) material->hostFields().pool = nullptr;
+}
+
+osg::MaterialPoolPtr ScenePool::create() { return osg::MaterialPoolPtr(new ScenePool); }
+
+void ScenePool::enter(const osg::MaterialPtr& material) {
+  if (!material || material->hostFields().pool == this) return;
+  material->hostFields().pool = this;
+  _materials.push_back(material);
+  _names[material->hostFields().name].push_back(material);
+}
+
+void ScenePool::remove(const osg::MaterialPtr& material) {
+  if (!material || material->hostFields().pool != this) return;
+  const osg::MaterialPtr kept = material;
+  unindex(kept);
+  _materials.erase(std::find(_materials.begin(), _materials.end(), kept));
+  kept->hostFields().pool = nullptr;
+}
+
+const osg::MFMaterialPtr& ScenePool::find(std::string_view name) const {
+  static const osg::MFMaterialPtr none;
+  const auto found = _names.find(name, TextHash(), TextEqual());
+  return found == _names.end() ? none : found->second;
+}
+
+void ScenePool::rename(const osg::MaterialPtr& material, std::string name) {
+  unindex(material);
+  material->hostFields().name = std::move(name);
+  index(material);
+}
+
+void ScenePool::index(const osg::MaterialPtr& material) {
+  osg::MFMaterialPtr& bucket = _names[material->hostFields().name];
+  bucket.push_back(material);
+  if (bucket.size() == 1) return;
+  // The pool's order: all of that name, as they stand in the pool.
+  const std::string& name = material->hostFields().name;
+  bucket.clear();
+  std::copy_if(_materials.begin(), _materials.end(), std::back_inserter(bucket),
+               [&](const osg::MaterialPtr& other) { return other->hostFields().name == name; });
+}
+
+void ScenePool::unindex(const osg::MaterialPtr& material) {
+  const auto found = _names.find(material->hostFields().name);
+  osg::MFMaterialPtr& bucket = found->second;
+  bucket.erase(std::find(bucket.begin(), bucket.end(), material));
+  if (bucket.empty()) _names.erase(found);
+}
+
+}  // namespace kuStandalone
+
+namespace osg {
+
+const FieldContainerType MaterialPool::_type("MaterialPool", &FieldContainer::_type);
+
+MaterialPool::~MaterialPool() = default;
+
+void MaterialPool::add(const MaterialPtr& material) {
+  kuStandalone::EditBrackets::noteChange(*this, AllFieldsMask, "MaterialPool::add");
+  static_cast<kuStandalone::ScenePool*>(this)->enter(material);
+}
+
+}  // namespace osg

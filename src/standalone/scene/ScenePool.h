@@ -1,0 +1,42 @@
+#pragma once
+
+#include <boost/unordered_map.hpp>
+#include <string>
+#include <string_view>
+
+#include "host/osg/MaterialPool.h"
+#include "host/osg/MultiMaterial.h"
+
+namespace kuStandalone {
+
+/** The material pool of this host, with an index of the names that follows every rename. */
+class KUHOST_EXPORT ScenePool final : public osg::MaterialPool {
+ public:
+  static osg::MaterialPoolPtr create();
+  static ScenePool& of(const osg::MaterialPoolPtr& pool) { return static_cast<ScenePool&>(*pool); }
+
+  const osg::MFMaterialPtr& materials() const { return _materials; }
+
+  /** Enters a material as data: no bracket is asked for. One that is in the pool stays. */
+  void enter(const osg::MaterialPtr& material);
+
+  /** Takes a material out; one that is not in the pool changes nothing. */
+  void remove(const osg::MaterialPtr& material);
+
+  /** The materials of that name in the pool's order; empty if there is none. */
+  const osg::MFMaterialPtr& find(std::string_view name) const;
+
+  /** Gives a material of the pool another name. */
+  void rename(const osg::MaterialPtr& material, std::string name);
+
+ private:
+  ScenePool();
+  ~ScenePool() override;
+  void index(const osg::MaterialPtr& material);
+  void unindex(const osg::MaterialPtr& material);
+
+  osg::MFMaterialPtr _materials;
+  boost::unordered_map<std::string, osg::MFMaterialPtr> _names;
+};
+
+}  // namespace kuStandalone
