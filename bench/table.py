@@ -1,0 +1,50 @@
+"""Prints the ratios of a run of the benchmarks.
+
+Usage: table.py SELECTION.json READING.json, both written with --benchmark_format=json.
+"""
+
+import json
+import sys
+from statistics import median
+
+
+def load(path):
+    with open(path, encoding="utf-8") as file:
+        return json.load(file)["benchmarks"]
+
+
+def print_selection(runs):
+    figures = {}
+    for run in runs:
+        name, states, nodes = run["name"].split("/")
+        figures[name, int(nodes), int(states)] = run["ns_per_state"] * 1e9
+    print("Selecting N node states in a scene of M nodes, nanoseconds per state")
+    print(f"{'M':>9} {'N':>7} {'floor':>9} {'select':>9} {'ratio':>6}   walk per name / select")
+    for (name, nodes, states), floor in sorted(figures.items()):
+        if name != "floor":
+            continue
+        select = figures["select", nodes, states]
+        walk = figures.get(("walk", nodes, states))
+        factor = f"{walk / select:12.0f} times" if walk else ""
+        print(f"{nodes:9} {states:7} {floor:9.0f} {select:9.0f} {select / floor:6.2f}   {factor}")
+
+
+def print_reading(runs):
+    times, peaks = {}, {}
+    for run in runs:
+        name = run["name"].split("/")[0]
+        times.setdefault(name, []).append(run["real_time"] / 1e6)
+        peaks.setdefault(name, []).append(run["peak_MB"])
+    text = runs[0]["text_MB"]
+    print(f"\nReading a document of {text:.1f} MB, beside a bare QDomDocument::setContent")
+    print(f"{'':12} {'ms':>8} {'peak MB':>9}")
+    for name in ("setContent", "read"):
+        print(f"{name:12} {median(times[name]):8.0f} {median(peaks[name]):9.0f}")
+    time_ratio = median(times["read"]) / median(times["setContent"])
+    peak_ratio = median(peaks["read"]) / median(peaks["setContent"])
+    print(f"{'ratio':12} {time_ratio:8.2f} {peak_ratio:9.2f}")
+
+
+if __name__ == "__main__":
+    print_selection(load(sys.argv[1]))
+    print_reading(load(sys.argv[2]))
