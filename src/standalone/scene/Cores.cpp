@@ -2,8 +2,8 @@
 
 #include "standalone/scene/EditBrackets.h"
 #include "standalone/scene/MaterialFields.h"
-#include "standalone/scene/NodeCoreFields.h"
 #include "standalone/scene/MaterialUse.h"
+#include "standalone/scene/NodeCoreFields.h"
 
 namespace kuStandalone {
 
@@ -25,6 +25,11 @@ TransformSwitchCore::TransformSwitchCore(std::vector<TransformState> firstStates
 osg::NodeCorePtr TransformSwitchCore::create(std::vector<TransformState> states, unsigned choice,
                                              int supposed) {
   return osg::NodeCorePtr(new TransformSwitchCore(std::move(states), choice, supposed));
+}
+
+void TransformSwitchCore::setSupposed(int index) {
+  EditBrackets::noteChange(*this, SupposedFieldMask, "TransformSwitchCore::setSupposed");
+  supposed = index;
 }
 
 MaterialGroupCore::MaterialGroupCore(bool firstIgnore)
@@ -54,6 +59,11 @@ LightCore::LightCore(bool isOn, int fileLight)
 
 osg::NodeCorePtr LightCore::create(bool on, int light) {
   return osg::NodeCorePtr(new LightCore(on, light));
+}
+
+void LightCore::setOn(bool isOn) {
+  EditBrackets::noteChange(*this, OnFieldMask, "LightCore::setOn");
+  on = isOn;
 }
 
 SceneplateCore::SceneplateCore(int fileImage, std::array<double, 4> place)
@@ -126,7 +136,8 @@ MaterialPtr MaterialGroup::getMaterial() const {
 
 void MaterialGroup::setMaterial(const MaterialPtr& material) {
   EditBrackets::noteChange(*this, MaterialFieldMask, "MaterialGroup::setMaterial");
-  kuStandalone::assignMaterial(*this, static_cast<kuStandalone::MaterialGroupCore*>(this)->material, material);
+  kuStandalone::assignMaterial(*this, static_cast<kuStandalone::MaterialGroupCore*>(this)->material,
+                               material);
 }
 
 MaterialPtr Geometry::getMaterial() const {
@@ -135,7 +146,8 @@ MaterialPtr Geometry::getMaterial() const {
 
 void Geometry::setMaterial(const MaterialPtr& material) {
   EditBrackets::noteChange(*this, MaterialFieldMask, "Geometry::setMaterial");
-  kuStandalone::assignMaterial(*this, static_cast<kuStandalone::GeometryCore*>(this)->material, material);
+  kuStandalone::assignMaterial(*this, static_cast<kuStandalone::GeometryCore*>(this)->material,
+                               material);
 }
 
 }  // namespace osg

@@ -53,11 +53,15 @@ struct TransformState {
 class KUHOST_EXPORT TransformSwitchCore final : public osg::SwitchComponentTransform {
  public:
   /** @param supposed the index that the node is meant to stand in, -1 for none. */
-  static osg::NodeCorePtr create(std::vector<TransformState> states, unsigned choice,
-                                 int supposed);
+  static osg::NodeCorePtr create(std::vector<TransformState> states, unsigned choice, int supposed);
   static TransformSwitchCore& of(const osg::NodeCorePtr& core) {
     return static_cast<TransformSwitchCore&>(*core);
   }
+
+  static constexpr osg::FieldMask SupposedFieldMask = osg::FieldMask(1) << 9;
+
+  /** Stands in an edit bracket whose mask has SupposedFieldMask. */
+  void setSupposed(int index);
 
   std::vector<TransformState> states;
   unsigned choice;
@@ -107,6 +111,11 @@ class KUHOST_EXPORT LightCore final : public osg::UberLight {
   /** @param light index of the light in the scene's file, -1 for none. */
   static osg::NodeCorePtr create(bool on, int light = -1);
   static LightCore& of(const osg::NodeCorePtr& core) { return static_cast<LightCore&>(*core); }
+
+  static constexpr osg::FieldMask OnFieldMask = osg::FieldMask(1) << 8;
+
+  /** Stands in an edit bracket whose mask has OnFieldMask. */
+  void setOn(bool isOn);
 
   bool on;
   int light;

@@ -43,7 +43,8 @@ SceneNode::SceneNode(std::string name, osg::NodeCorePtr core)
 
 SceneNode::~SceneNode() {
   setTree(nullptr);
-  for (const osg::NodePtr& child : _children) SceneNode::of(child)._parent = nullptr;
+  for (const osg::NodePtr& child : _children)
+    SceneNode::of(child)._parent = nullptr;
   setCore(osg::NullFC);
   livingNodes().erase(_id);
 }
@@ -73,10 +74,16 @@ void SceneNode::removeChild(const osg::NodePtr& child) {
   if (place == _children.end()) return;
   const osg::NodePtr kept = *place;
   auto next = _children.erase(place);
-  for (; next != _children.end(); ++next) --of(*next)._indexInParent;
+  for (; next != _children.end(); ++next)
+    --of(*next)._indexInParent;
   of(kept)._parent = nullptr;
   of(kept)._indexInParent = 0;
   of(kept).setTree(nullptr);
+}
+
+void SceneNode::moveTo(const Transform& transform) {
+  EditBrackets::noteChange(*this, TransformFieldMask, "SceneNode::moveTo");
+  _transform = transform;
 }
 
 void SceneNode::setTree(SceneTree* tree) {
@@ -84,7 +91,8 @@ void SceneNode::setTree(SceneTree* tree) {
   if (_tree) _tree->names.remove(*this, _name);
   _tree = tree;
   if (_tree) _tree->names.add(*this);
-  for (const osg::NodePtr& child : _children) of(child).setTree(tree);
+  for (const osg::NodePtr& child : _children)
+    of(child).setTree(tree);
 }
 
 }  // namespace kuStandalone

@@ -53,7 +53,12 @@ class KUHOST_EXPORT SceneNode final : public osg::Node {
   /** Takes a child out; a node that is no child changes nothing. */
   void removeChild(const osg::NodePtr& child);
 
+  static constexpr osg::FieldMask TransformFieldMask = osg::FieldMask(1) << 1;
+
   const Transform& transform() const { return _transform; }
+  /** Stands in an edit bracket whose mask has TransformFieldMask. */
+  void moveTo(const Transform& transform);
+  /** The transform as data: no bracket is asked for. */
   void setTransform(const Transform& transform) { _transform = transform; }
 
   /** Index of the node in the file that the scene came from, or -1. */
