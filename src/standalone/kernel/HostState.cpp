@@ -1,0 +1,10 @@
+#include "standalone/kernel/HostState.h"
+
+namespace kuStandalone {
+
+HostState& HostState::the() {
+  static HostState state;
+  return state;
+}
+
+}  // namespace kuStandalone

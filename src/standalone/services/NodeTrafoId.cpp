@@ -1,0 +1,7 @@
+#include "host/services/NodeTrafoId.h"
+
+namespace QRPC {
+
+NodeTrafoId::~NodeTrafoId() = default;
+
+}  // namespace QRPC

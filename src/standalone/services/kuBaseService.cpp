@@ -1,0 +1,3 @@
+#include "host/services/kuBaseService.h"
+
+kuBaseService::~kuBaseService() = default;

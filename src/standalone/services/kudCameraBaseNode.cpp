@@ -1,0 +1,3 @@
+#include "host/services/kudCameraBaseNode.h"
+
+kudCameraBaseNode::~kudCameraBaseNode() = default;

@@ -1,0 +1,3 @@
+#include "host/utils/kuMaterialPtr.h"
+
+kuMaterialPtr::~kuMaterialPtr() = default;

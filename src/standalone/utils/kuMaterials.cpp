@@ -1,0 +1,65 @@
+#include "host/utils/kuMaterials.h"
+
+#include "host/osg/EditCP.h"
+#include "standalone/scene/MaterialFields.h"
+#include "standalone/scene/NameIndex.h"
+#include "standalone/scene/NodeCoreFields.h"
+#include "standalone/scene/Scene.h"
+#include "standalone/scene/SceneNode.h"
+#include "standalone/scene/ScenePool.h"
+
+using kuStandalone::Scene;
+using kuStandalone::SceneNode;
+using kuStandalone::ScenePool;
+
+namespace {
+
+const osg::MFMaterialPtr& pooled(const char* name) {
+  return ScenePool::of(Scene::the().pool).find(name ? name : "");
+}
+
+}  // namespace
+
+const char* kuMaterials::getName(const osg::MaterialPtr& material) {
+  return material ? material->hostFields().name.c_str() : "";
+}
+
+// Views of this host compare the revision of the scene, so there is nobody else to notify.
+void kuMaterials::setName(const osg::MaterialPtr& material, const char* name, bool) {
+  if (!material || !name) return;
+  const osg::EditCP edit(material);
+  osg::MaterialFields& fields = material->hostFields();
+  if (fields.pool) {
+    fields.pool->rename(material, name);
+  } else {
+    fields.name = name;
+  }
+}
+
+kuMaterialPtr kuMaterials::findMaterial(const char* name) {
+  const osg::MFMaterialPtr& found = pooled(name);
+  return found.empty() ? kuMaterialPtr() : kuMaterialPtr(found.front());
+}
+
+std::vector<kuMaterialPtr> kuMaterials::findMaterials(const char* name) {
+  const osg::MFMaterialPtr& found = pooled(name);
+  return std::vector<kuMaterialPtr>(found.begin(), found.end());
+}
+
+bool kuMaterials::isEditable(const osg::MaterialPtr& material) {
+  return material && !material->hostFields().locked;
+}
+
+void kuMaterials::getNodesWithMaterial(std::vector<kuNodePtr>& nodes,
+                                       const osg::MaterialPtr& material) {
+  if (!material) return;
+  std::vector<SceneNode*> found;
+  for (osg::NodeCore* core : material->hostFields().users) {
+    for (SceneNode* node : core->hostFields().parents) {
+      if (node->tree() == &Scene::the().nodes) found.push_back(node);
+    }
+  }
+  kuStandalone::sortInSceneOrder(found.data(), found.data() + found.size());
+  for (SceneNode* node : found)
+    nodes.emplace_back(osg::NodePtr(node));
+}
