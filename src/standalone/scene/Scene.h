@@ -4,9 +4,11 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/osg/MaterialPool.h"
+#include "host/osg/SwitchMaterial.h"
 #include "standalone/scene/SceneTree.h"
 #include "standalone/scene/Transform.h"
 
@@ -66,6 +68,13 @@ struct AnimationClip {
   int source = -1;
 };
 
+/** A variant that the file itself defines (KHR_materials_variants). */
+struct FileVariant {
+  std::string name;
+  /** For each switch material that follows the file's variants the index of its sub-material. */
+  std::vector<std::pair<osg::SwitchMaterialPtr, unsigned>> choices;
+};
+
 /** What a scene keeps of the file that it came from, for whoever writes it again. */
 class KUHOST_EXPORT SceneSource {
  public:
@@ -108,6 +117,8 @@ class KUHOST_EXPORT Scene {
   std::vector<AnimationClip> animations;
   /** Named groups of clips: block name to clip names. */
   std::map<std::string, std::vector<std::string>> animationBlocks;
+  /** The variants that the file defines, in its order. */
+  std::vector<FileVariant> fileVariants;
   /** The file's own data, or null for a scene made by a program. */
   std::shared_ptr<SceneSource> source;
 };
