@@ -22,6 +22,8 @@ class KUHOST_EXPORT NameIndex {
 
   void add(SceneNode& node);
   void remove(SceneNode& node, std::string_view name);
+  /** Forgets all nodes at once. */
+  void clear() { _buckets.clear(); }
 
   /** The nodes of that name; null if there is none. Good until the next change of the tree. */
   const Nodes* find(std::string_view name);

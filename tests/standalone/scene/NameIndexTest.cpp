@@ -1,0 +1,130 @@
+#include "standalone/scene/NameIndex.h"
+
+#include <random>
+
+#include "standalone/scene/SceneNode.h"
+#include "support/SceneTest.h"
+
+using kuStandalone::NameIndex;
+using kuStandalone::Scene;
+using kuStandalone::SceneNode;
+
+namespace {
+
+using Nodes = std::vector<SceneNode*>;
+
+/** All nodes below one, itself included, in the order of a depth-first walk. */
+void walk(SceneNode& node, Nodes& nodes) {
+  nodes.push_back(&node);
+  for (const osg::NodePtr& child : node.children())
+    walk(SceneNode::of(child), nodes);
+}
+
+Nodes allNodes() {
+  Nodes nodes;
+  walk(SceneNode::of(Scene::the().nodes.root), nodes);
+  return nodes;
+}
+
+Nodes linearSearch(const std::string& name) {
+  Nodes found;
+  for (SceneNode* node : allNodes()) {
+    if (node->name() == name) found.push_back(node);
+  }
+  return found;
+}
+
+Nodes indexSearch(const std::string& name) {
+  const NameIndex::Nodes* found = Scene::the().nodes.names.find(name);
+  return found ? Nodes(found->begin(), found->end()) : Nodes();
+}
+
+/** Edits the scene at random, the same way for the same seed. */
+class RandomEdits {
+ public:
+  explicit RandomEdits(unsigned seed) : _random(seed) {}
+
+  std::string anyName() { return "Name" + std::to_string(below(7)); }
+
+  void edit() {
+    const unsigned kind = below(10);
+    if (kind < 4) return add();
+    if (kind < 6) return remove();
+    if (kind < 8) return move();
+    SceneNode::of(anyNode()).setName(anyName());
+  }
+
+ private:
+  unsigned below(std::size_t count) { return static_cast<unsigned>(_random() % count); }
+
+  osg::NodePtr anyNode() {
+    const Nodes nodes = allNodes();
+    return osg::NodePtr(nodes[below(nodes.size())]);
+  }
+
+  void add() {
+    const osg::NodePtr top = SceneNode::create(anyName(), kuStandalone::GroupCore::create());
+    if (below(2)) {
+      SceneNode::of(top).addChild(SceneNode::create(anyName(), top->getCore()));
+    }
+    SceneNode::of(anyNode()).addChild(top);
+  }
+
+  osg::NodePtr takeOut() {
+    const osg::NodePtr node = anyNode();
+    const osg::NodePtr parent = node->getParent();
+    if (!parent) return osg::NullFC;
+    SceneNode::of(parent).removeChild(node);
+    return node;
+  }
+
+  void remove() { takeOut(); }
+
+  void move() {
+    const osg::NodePtr node = takeOut();
+    if (node) SceneNode::of(anyNode()).addChild(node);
+  }
+
+  std::mt19937 _random;
+};
+
+class NameIndexTest : public SceneTest, public ::testing::WithParamInterface<unsigned> {};
+
+}  // namespace
+
+TEST_P(NameIndexTest, AnswersAsALinearSearchAfterEveryEdit) {
+  RandomEdits edits(GetParam());
+  for (int i = 0; i < 400; ++i) {
+    edits.edit();
+    // Not every name each time: an order must also survive edits between two searches.
+    const std::string name = edits.anyName();
+    ASSERT_EQ(indexSearch(name), linearSearch(name)) << name << " after edit " << i;
+  }
+  for (int i = 0; i < 7; ++i) {
+    const std::string name = "Name" + std::to_string(i);
+    EXPECT_EQ(indexSearch(name), linearSearch(name)) << name;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, NameIndexTest, ::testing::Range(1u, 13u));
+
+TEST_F(NameIndexTest, NodeTakenOutOfTheTreeIsNotFound) {
+  const auto group = scene.group("Group");
+  const auto child = scene.group("Child", group);
+  SceneNode::of(scene.root()).removeChild(group);
+  EXPECT_TRUE(indexSearch("Child").empty());
+  EXPECT_EQ(SceneNode::of(child).tree(), nullptr);
+}
+
+TEST_F(NameIndexTest, LargeSceneOfUnnamedNodesIsTakenDownAtOnce) {
+  // One by one out of a single list this would be some ten thousand million moves.
+  constexpr int count = 200000;
+  for (int i = 0; i < count; ++i) {
+    SceneNode::of(scene.root()).addChild(SceneNode::create("", osg::NullFC));
+  }
+  ASSERT_EQ(indexSearch("").size(), std::size_t(count));
+  const osg::NodePtr last = scene.root()->getChild(count - 1);
+  Scene::the().nodes.setRoot(SceneNode::create("Root", osg::NullFC));
+  EXPECT_TRUE(indexSearch("").empty());
+  EXPECT_EQ(SceneNode::of(last).tree(), nullptr);
+}
