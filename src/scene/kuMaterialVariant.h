@@ -17,7 +17,7 @@ class KUVARIANTS_EXPORT kuMaterialVariant : public kuVariant {
    * every node that uses it. This changes the scene. An unnamed plain material gives an empty
    * variant.
    */
-  explicit kuMaterialVariant(osg::MaterialPtr source);
+  explicit kuMaterialVariant(const osg::MaterialPtr& source);
 
   /** Name of the materials that this variant drives. */
   QString getMaterial() const { return material; }
@@ -36,9 +36,9 @@ class KUVARIANTS_EXPORT kuMaterialVariant : public kuVariant {
    * Adds a sub-material, unless it is one already, and its option. Nothing happens unless the
    * variant is editable and the sub-material named.
    */
-  void add(osg::MaterialPtr subMaterial, const QString& hotkey);
+  void add(const osg::MaterialPtr& subMaterial, const QString& hotkey);
   /** Takes a named sub-material out, with its option; nothing unless the variant is editable. */
-  void remove(osg::MaterialPtr subMaterial);
+  void remove(const osg::MaterialPtr& subMaterial);
   /**
    * Takes the sub-materials of that name out, with the option; nothing unless the variant is
    * editable. Of two neighbours of the name the second one stays.
@@ -64,9 +64,9 @@ class KUVARIANTS_EXPORT kuMaterialVariant : public kuVariant {
   friend class kuVariantReader;
   friend struct kuVariantsTestAccess;
 
-  int getCurrentState(osg::MaterialPtr of) const;
-  void takeStates(const osg::Material& source);
-  void wrap(const osg::MaterialPtr& plain);
+  int getCurrentState(const osg::MaterialPtr& of) const;
+  void takeStates(const osg::MaterialPtr& source);
+  void wrap(const osg::MaterialPtr& source);
 
   QString material;
 };

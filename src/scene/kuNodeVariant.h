@@ -20,7 +20,7 @@ class KUVARIANTS_EXPORT kuNodeVariant : public kuVariant {
  public:
   kuNodeVariant() = default;
   /** Takes name, options and default from a node; an unnamed one leaves the names empty. */
-  explicit kuNodeVariant(osg::NodePtr source);
+  explicit kuNodeVariant(const osg::NodePtr& source);
 
   /** Name of the nodes that this variant drives. */
   QString getNode() const { return node; }
@@ -52,9 +52,9 @@ class KUVARIANTS_EXPORT kuNodeVariant : public kuVariant {
 
   static void callVariantsNodesChanged(const osg::NodePtr& changed, kuMessage& message);
   static QString getNodePath(const osg::NodePtr& of);
-  static void recurseEnable(osg::NodePtr start);
-  static void pushEnable(osg::NodePtr start);
-  static void pushDisable(osg::NodePtr start);
+  static void recurseEnable(const osg::NodePtr& start);
+  static void pushEnable(const osg::NodePtr& start);
+  static void pushDisable(const osg::NodePtr& start);
 
   QString node;
 };

@@ -17,7 +17,7 @@ class KUVARIANTS_EXPORT kuOverlayVariant : public kuVariant {
  public:
   kuOverlayVariant() = default;
   /** Takes name, options and default from a node; an unnamed one leaves the names empty. */
-  explicit kuOverlayVariant(osg::NodePtr source);
+  explicit kuOverlayVariant(const osg::NodePtr& source);
 
   /** Name of the sceneplate node that this variant drives. */
   QString getOverlay() const { return overlay; }
