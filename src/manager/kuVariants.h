@@ -1,18 +1,172 @@
 #pragma once
 
+#include <qnamespace.h>
 #include <QFlags>
 #include <QString>
-#include <qnamespace.h>
+#include <vector>
 
+#include "host/osg/Material.h"
+#include "host/osg/Node.h"
+#include "manager/kuNamedList.h"
 #include "model/kuVariantsExport.h"
 
-/** The one owner of all variants, variant sets and variant groups. All of it is static. */
+class kuLightVariant;
+class kuMaterialVariant;
+class kuMessage;
+class kuNodeVariant;
+class kuOverlayVariant;
+class kuTransformVariant;
+class kuVariant;
+class kuVariantGroup;
+class kuVariantSet;
+
+/** The kinds of variants. The numbers go over the wire to partners, so they are fixed. */
+enum VariantType {
+  LightVariantType = 0,
+  MaterialVariantType = 1,
+  NodeVariantType = 2,
+  OverlayVariantType = 3,
+  TransformVariantType = 4,
+  UnknownVariantType = -1
+};
+
+/**
+ * The one owner of all variants, variant sets and variant groups: each is created, found and
+ * removed here. All of it is static; the single instance carries the registration of the one
+ * message that the library listens to, "clearAllVariants". Main thread only.
+ *
+ * Look-ups by name compare exactly and answer the first of the list; an empty name finds nothing.
+ */
 class KUVARIANTS_EXPORT kuVariants {
  public:
+  static kuVariants* the();
+
+  // The lists, in the order of creation.
+  static const std::vector<kuNodeVariant*>& getNodeVariants() { return _nodeVariants.entries(); }
+  static const std::vector<kuMaterialVariant*>& getMaterialVariants() {
+    return _materialVariants.entries();
+  }
+  static const std::vector<kuLightVariant*>& getLightVariants() { return _lightVariants.entries(); }
+  static const std::vector<kuOverlayVariant*>& getOverlayVariants() {
+    return _overlayVariants.entries();
+  }
+  static const std::vector<kuTransformVariant*>& getTransformVariants() {
+    return _transformVariants.entries();
+  }
+  static const std::vector<kuVariantSet*>& getVariantSets() { return _variantSets.entries(); }
+  static const std::vector<kuVariantGroup*>& getVariantGroups() { return _variantGroups.entries(); }
+
+  // The first variant of that name, or null.
+  static kuNodeVariant* findNodeVariant(const QString& name);
+  static kuMaterialVariant* findMaterialVariant(const QString& name);
+  static kuLightVariant* findLightVariant(const QString& name);
+  static kuOverlayVariant* findOverlayVariant(const QString& name);
+  static kuTransformVariant* findTransformVariant(const QString& name);
+  /** The same in the list of a kind; null for a number that is no kind. */
+  static kuVariant* findVariant(VariantType type, const QString& name);
+  static VariantType getVariantType(const kuVariant* variant);
+
+  // Creation by name: a variant of that name is answered as it is, otherwise a new one without
+  // options, bound to nothing. An empty name gives a nameless variant, but null for an overlay.
+  static kuNodeVariant* createNodeVariant(const QString& name, bool sendMessage);
+  static kuMaterialVariant* createMaterialVariant(const QString& name, bool sendMessage);
+  static kuLightVariant* createLightVariant(const QString& name, bool sendMessage);
+  static kuOverlayVariant* createOverlayVariant(const QString& name, bool sendMessage);
+  static kuTransformVariant* createTransformVariant(const QString& name, bool sendMessage);
+
+  // Creation from the scene: name, options and default come from the object. A variant of that name
+  // is answered as it is. Null for an unnamed object, and for a node without transform states where
+  // a transform variant is asked for.
+  static kuNodeVariant* createNodeVariant(osg::NodePtr node, bool sendMessage);
+  /** A plain material is wrapped in a switch material; the variant bears the switch's name. */
+  static kuMaterialVariant* createMaterialVariant(osg::MaterialPtr material, bool sendMessage);
+  static kuLightVariant* createLightVariant(osg::NodePtr node, bool sendMessage);
+  static kuOverlayVariant* createOverlayVariant(osg::NodePtr node, bool sendMessage);
+  static kuTransformVariant* createTransformVariant(osg::NodePtr node, bool sendMessage);
+
+  // Removal of the first variant of that name. Announced, and answered with true, also where
+  // nothing was found; false and silence for the empty name. Sets that name it stay as they are.
+  static bool removeNodeVariant(const QString& name);
+  static bool removeMaterialVariant(const QString& name);
+  static bool removeLightVariant(const QString& name);
+  static bool removeOverlayVariant(const QString& name);
+  static bool removeTransformVariant(const QString& name);
+
+  // Removal of all variants of a kind.
+  static void clearNodeVariants();
+  static void clearMaterialVariants();
+  static void clearLightVariants();
+  static void clearOverlayVariants();
+  static void clearTransformVariants();
+
+  /** A new set; null for an empty name and for one that exists. @p group may be null. */
+  static kuVariantSet* createVariantSet(const QString& name, bool sendMessage,
+                                        kuVariantGroup* group);
+  static kuVariantSet* findVariantSet(const QString& name);
+  static kuVariantSet* getVariantSet(unsigned id);
+  /** Always true; silent where there is no such set. */
+  static bool removeVariantSet(const QString& name);
+  static void clearVariantSets();
+  /** @p base itself if no set bears it, otherwise a name made from it that is free. */
+  static QString getUniqueVariantSetName(QString base);
+  static std::vector<kuVariantSet*> getUngroupedVariantSets();
+
+  /** A new group; null for an empty name and for one that exists. */
+  static kuVariantGroup* createVariantGroup(const QString& name, bool sendMessage, bool visible);
+  static kuVariantGroup* findVariantGroup(const QString& name);
+  static kuVariantGroup* getVariantGroup(unsigned id);
+  static int countVariantGroup(const QString& name);
+  /** Always true; its sets live on, ungrouped. */
+  static bool removeVariantGroup(const QString& name);
+  static void clearVariantGroups();
+  static QString getUniqueVariantGroupName(QString base);
+
+  /**
+   * Selects a set with all its side effects; nothing happens for a name that no set bears.
+   * @param name UTF-8; @param skipViewpoint leaves the camera alone.
+   */
+  static void selectVariantSet(const char* name, bool skipViewpoint);
+
+  /** Empties the manager and announces each kind, sets and groups. The message is not read. */
+  static void clearAll(kuMessage& message);
+  /** Announces that everything may have changed. */
+  static void sendVariantsChanged();
+  /** Tells the user interface which variants a set uses; nothing for an unknown name. */
+  static void showConnectedVariants(QString setName);
+
   /**
    * Hotkey text to key and modifiers: the first key combination of the text as QKeySequence reads
    * it in its native form. Gives 0 and 0 for a text that is empty or cannot be read.
    */
-  static void mapHotkey(const QString& hotkey, int& key,
-                        QFlags<Qt::KeyboardModifier>& modifier);
+  static void mapHotkey(const QString& hotkey, int& key, QFlags<Qt::KeyboardModifier>& modifier);
+
+  /**
+   * The host's switch for how far turning a node on reaches: with it on, also its subtree and its
+   * inactive ancestors up to the first active one. Off at first.
+   */
+  static void setRecursion(bool recurse);
+  static bool getRecursion();
+
+  /** Translation in the context "kuVariants". */
+  static QString tr(const char* sourceText, const char* comment = nullptr, int n = -1);
+  static QString trUtf8(const char* sourceText, const char* comment = nullptr, int n = -1);
+
+  kuVariants(const kuVariants&) = delete;
+  kuVariants& operator=(const kuVariants&) = delete;
+
+ private:
+  friend struct kuVariantsTestAccess;
+
+  kuVariants();
+  virtual ~kuVariants();
+
+  static kuNamedList<kuNodeVariant> _nodeVariants;
+  static kuNamedList<kuMaterialVariant> _materialVariants;
+  static kuNamedList<kuLightVariant> _lightVariants;
+  static kuNamedList<kuOverlayVariant> _overlayVariants;
+  static kuNamedList<kuTransformVariant> _transformVariants;
+  static kuNamedList<kuVariantSet> _variantSets;
+  static kuNamedList<kuVariantGroup> _variantGroups;
+  static bool _recurse;
+  static kuVariants _the;
 };

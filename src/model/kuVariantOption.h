@@ -1,8 +1,8 @@
 #pragma once
 
+#include <qnamespace.h>
 #include <QFlags>
 #include <QString>
-#include <qnamespace.h>
 
 #include "model/kuVariantsExport.h"
 
