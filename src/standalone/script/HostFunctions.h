@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+#include "host/utils/kuNodePtr.h"
+
+/**
+ * @file
+ * What a script finds in the global namespace when it starts. Each part enters its own classes and
+ * functions; the classes come first, since the functions take them.
+ */
+namespace kuStandalone {
+
+/** Pnt3f and Vec3f. */
+void defineVectorClasses();
+
+/** Setting and reading of the clipping. */
+void defineClippingFunctions();
+
+/** Nodes by path, and what captured scripts do with them. */
+void defineSceneFunctions();
+
+/** What findNodePath answers: the node of that path, or an invalid handle and a warning. */
+kuNodePtr findNodePath(const std::string& path);
+
+/** The setActive of what findNodePath answers; nothing for an invalid handle. */
+void setNodeActive(const kuNodePtr& node, bool active);
+
+}  // namespace kuStandalone

@@ -1,0 +1,90 @@
+#include "host/script/kuScript.h"
+
+#include <boost/python.hpp>
+#include <optional>
+
+#include "host/kernel/kuLog.h"
+#include "standalone/script/CommandText.h"
+#include "standalone/script/LogText.h"
+#include "standalone/script/ScriptInterpreter.h"
+#include "standalone/script/ScriptPolicy.h"
+
+namespace bp = boost::python;
+using namespace kuStandalone;
+
+namespace {
+
+/** A script may select a set whose script runs in turn, without end if that is the same set. */
+constexpr int kMaxNested = 16;
+
+class Nesting {
+ public:
+  Nesting() { ++depth(); }
+  ~Nesting() { --depth(); }
+  Nesting(const Nesting&) = delete;
+  Nesting& operator=(const Nesting&) = delete;
+
+  static bool isTooDeep() { return depth() > kMaxNested; }
+
+ private:
+  static int& depth() {
+    static int present = 0;
+    return present;
+  }
+};
+
+/** What a text answered; none if it was refused or failed. */
+using Answer = std::optional<bp::object>;
+
+void logFailure(const std::string& reason) {
+  kuLog::error("%s failed: %s", presentScript().c_str(), oneLine(reason, kLogReasonBytes).c_str());
+}
+
+Answer runPython(const char* code, int startSymbol) {
+  const bp::object compiled = ScriptInterpreter::compile(code, startSymbol, 0);
+  if (PyErr_Occurred()) bp::throw_error_already_set();
+  const bp::object globals = ScriptInterpreter::globals();
+  return bp::object(bp::handle<>(PyEval_EvalCode(compiled.ptr(), globals.ptr(), globals.ptr())));
+}
+
+Answer runIfCommands(const char* code, int startSymbol) {
+  const CommandText text = readCommands(code, startSymbol);
+  if (text.refusal.empty()) return runCommands(text.commands);
+  ScriptPolicy::refuse(code, text.refusal);
+  return std::nullopt;
+}
+
+Answer perform(const char* code, int startSymbol) {
+  const Nesting nesting;
+  if (Nesting::isTooDeep()) {
+    logFailure("scripts run inside one another too deep");
+    return std::nullopt;
+  }
+  ScriptInterpreter::start();
+  Answer answer;
+  try {
+    answer =
+        ScriptPolicy::allowed() ? runPython(code, startSymbol) : runIfCommands(code, startSymbol);
+  } catch (const bp::error_already_set&) {
+    // SystemExit and KeyboardInterrupt too: a script does not end the application.
+    logFailure(ScriptInterpreter::takeError());
+  }
+  ScriptInterpreter::flush();
+  return answer;
+}
+
+const char* orEmpty(const char* code) { return code ? code : ""; }
+
+}  // namespace
+
+bool kuScript::run(const char* code) { return perform(orEmpty(code), Py_file_input).has_value(); }
+
+bool kuScript::executeNUS(const char* code, bool) { return run(code); }
+
+std::string kuScript::executeNUSR(const char* code) {
+  const char* expression = orEmpty(code);
+  while (*expression == ' ' || *expression == '\t')
+    ++expression;
+  const Answer answer = perform(expression, Py_eval_input);
+  return answer ? ScriptInterpreter::textOf(*answer) : std::string();
+}
