@@ -36,6 +36,11 @@ class kuNamedList final : private kuNameObserver {
     return found == _names.constEnd() ? 0 : static_cast<int>(found->size());
   }
 
+  /** Whether the entry stands in the list; quick for one that came lately. */
+  bool contains(const Entry* entry) const {
+    return std::find(_entries.rbegin(), _entries.rend(), entry) != _entries.rend();
+  }
+
   void append(Entry* entry) {
     _entries.push_back(entry);
     index(entry->getName(), {_nextPlace++, entry});

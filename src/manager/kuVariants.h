@@ -21,7 +21,7 @@ class kuVariantGroup;
 class kuVariantSet;
 
 /** The kinds of variants. The numbers go over the wire to partners, so they are fixed. */
-enum VariantType {
+enum VariantType : int {
   LightVariantType = 0,
   MaterialVariantType = 1,
   NodeVariantType = 2,

@@ -45,9 +45,11 @@ bool kuVariant::isAction(const QString& option) {
 
 void kuVariant::clear() { options.clear(); }
 
-void kuVariant::select() { select(defaultState); }
+// A receiver may delete this variant, and its texts with it: the state goes on as a copy.
 
-void kuVariant::select(const kuVariantOption& option) { select(option.getName()); }
+void kuVariant::select() { select(QString(defaultState)); }
+
+void kuVariant::select(const kuVariantOption& option) { select(QString(option.getName())); }
 
 void kuVariant::select(const QString& state) {
   if (!kuSession::the().isReadyToUse()) onSelect(state);

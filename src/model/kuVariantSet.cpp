@@ -5,6 +5,7 @@
 #include "host/kernel/kuController.h"
 #include "manager/kuVariants.h"
 #include "model/kuVariantGroup.h"
+#include "model/kuVariantSetKeeper.h"
 
 namespace {
 
@@ -38,6 +39,8 @@ kuVariantSet::kuVariantSet() : _id(++_nextId) {}
 kuVariantSet::kuVariantSet(const QString& setName) : name(setName), _id(++_nextId) {}
 
 kuVariantSet::~kuVariantSet() {
+  for (Keeper* keeper = keepers.innermost; keeper; keeper = keeper->outer())
+    keeper->keepCopy();
   if (group) group->remove(this);
 }
 

@@ -294,7 +294,19 @@ class KUVARIANTS_EXPORT kuVariantSet {
   friend class kuNamedList;
   friend struct kuVariantsTestAccess;
 
+  /** Keeps the content of a set that is destroyed in the midst of work on it. */
+  class Keeper;
+  /** The keepers at work, the innermost first. They belong to one object and are not copied. */
+  struct Keepers {
+    Keepers() = default;
+    Keepers(const Keepers&) {}
+    Keepers& operator=(const Keepers&) { return *this; }
+    Keeper* innermost = nullptr;
+  };
+
   void updateShortcut();
+  void showTargetNodes();
+  static void startAnimations(const Keeper& set, bool instantaneous);
   void pushEnable(osg::NodePtr node);
   void pushDisable(osg::NodePtr node);
 
@@ -332,4 +344,5 @@ class KUVARIANTS_EXPORT kuVariantSet {
   bool inclView = false;
   bool inclSceneplates = false;
   std::uint32_t _id;
+  Keepers keepers;
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <iosfwd>
+
 #include "host/osg/Vector.h"
 #include "model/kuVariant.h"
 
@@ -19,6 +21,9 @@ class KUVARIANTS_EXPORT kuAnalyzerVariant : public kuVariant {
  private:
   friend class kuVariantSet;
   friend struct kuVariantsTestAccess;
+
+  void writePlane(std::ostream& script) const;
+  void writeVisualization(std::ostream& script) const;
 
   /** 0 no change, 1 enable clipping, 2 disable clipping, 3 move the plane but keep the rest; any
    * other value is as 0. */

@@ -13,7 +13,7 @@ class KUVARIANTS_EXPORT kuLightVariant : public kuVariant {
  public:
   kuLightVariant() = default;
   /** Takes name, options and default from a light; a node that is none gives only the name. */
-  explicit kuLightVariant(osg::NodePtr source);
+  explicit kuLightVariant(const osg::NodePtr& source);
 
   /** Name of the light nodes that this variant drives. */
   QString getNode() const { return node; }

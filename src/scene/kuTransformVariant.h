@@ -34,7 +34,7 @@ class KUVARIANTS_EXPORT kuTransformVariant : public kuVariant {
   friend class kuVariantReader;
   friend struct kuVariantsTestAccess;
 
-  void addOption(bool action, QString name, const std::map<QString, kuVariantOption>& old);
+  void addOption(bool action, QString option, const std::map<QString, kuVariantOption>& old);
 
   QString node;
 };

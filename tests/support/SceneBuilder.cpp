@@ -39,12 +39,13 @@ osg::NodePtr SceneBuilder::bare(const std::string& name, const osg::NodePtr& par
 osg::NodePtr SceneBuilder::switchNode(const std::string& name, int choice, const Names& children,
                                       const osg::NodePtr& parent) {
   const osg::NodePtr node = place(SceneNode::create(name, SwitchCore::create(choice)), parent);
-  for (const std::string& child : children) group(child, node);
+  for (const std::string& child : children)
+    group(child, node);
   return node;
 }
 
-osg::NodePtr SceneBuilder::transforms(const std::string& name, const Names& states,
-                                      unsigned choice, int supposed, const osg::NodePtr& parent) {
+osg::NodePtr SceneBuilder::transforms(const std::string& name, const Names& states, unsigned choice,
+                                      int supposed, const osg::NodePtr& parent) {
   std::vector<TransformState> named;
   for (const std::string& state : states) {
     named.push_back({state, {}});
@@ -89,7 +90,8 @@ osg::NodePtr SceneBuilder::sceneplateSwitch(const std::string& name, int choice,
                                             const Names& children, const osg::NodePtr& parent) {
   const osg::NodePtr node = place(SceneNode::create(name, SwitchCore::create(choice)),
                                   parent ? parent : sceneplateRoot());
-  for (const std::string& child : children) sceneplate(child, node);
+  for (const std::string& child : children)
+    sceneplate(child, node);
   return node;
 }
 

@@ -23,9 +23,8 @@ std::string lineOf(LogLevel level, const std::string& text) {
 
 SceneTest::SceneTest()
     : _violationsBefore(EditBrackets::violations()),
-      _sink([this](LogLevel level, const std::string& text) {
-        log.push_back(lineOf(level, text));
-      }) {
+      _sink(
+          [this](LogLevel level, const std::string& text) { log.push_back(lineOf(level, text)); }) {
   HostState::the() = HostState();
 }
 

@@ -22,12 +22,11 @@ const Listed* listed(const void* pointer, const List& list) {
 }
 
 const kuVariant* variantAt(const void* pointer) {
-  for (const kuVariant* found :
-       {listed<kuVariant>(pointer, kuVariants::getNodeVariants()),
-        listed<kuVariant>(pointer, kuVariants::getMaterialVariants()),
-        listed<kuVariant>(pointer, kuVariants::getLightVariants()),
-        listed<kuVariant>(pointer, kuVariants::getOverlayVariants()),
-        listed<kuVariant>(pointer, kuVariants::getTransformVariants())}) {
+  for (const kuVariant* found : {listed<kuVariant>(pointer, kuVariants::getNodeVariants()),
+                                 listed<kuVariant>(pointer, kuVariants::getMaterialVariants()),
+                                 listed<kuVariant>(pointer, kuVariants::getLightVariants()),
+                                 listed<kuVariant>(pointer, kuVariants::getOverlayVariants()),
+                                 listed<kuVariant>(pointer, kuVariants::getTransformVariants())}) {
     if (found) return found;
   }
   return nullptr;
