@@ -5,16 +5,16 @@
 // Showing opens a whole subtree, hiding closes the geometries alone; that is meant.
 
 void kuVariantSet::showGeometry() {
-  for (const QString& name : geometries) {
-    for (const kuNodePtr& node : kuScenegraph::findNodes(name.toUtf8().constData())) {
+  for (const QString& geometry : geometries) {
+    for (const kuNodePtr& node : kuScenegraph::findNodes(geometry.toUtf8().constData())) {
       pushEnable(node);
     }
   }
 }
 
 void kuVariantSet::hideGeometry() {
-  for (const QString& name : geometries) {
-    for (const kuNodePtr& node : kuScenegraph::findNodes(name.toUtf8().constData())) {
+  for (const QString& geometry : geometries) {
+    for (const kuNodePtr& node : kuScenegraph::findNodes(geometry.toUtf8().constData())) {
       pushDisable(node);
     }
   }
