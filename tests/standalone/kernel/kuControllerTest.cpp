@@ -55,6 +55,16 @@ void sendsItselfOnce(kuMessage&) {
 
 void throws(kuMessage&) { throw 1; }
 
+/** Registers while static objects are constructed, and leaves while they are destroyed. */
+struct StaticReceiver {
+  StaticReceiver() { kuController::addCB("busTest.static", first); }
+  ~StaticReceiver() {
+    kuController::subCB("busTest.static", first);
+    kuController::call("busTest.static", 1);
+  }
+};
+const StaticReceiver staticReceiver;
+
 class kuControllerTest : public ::testing::Test {
  protected:
   kuControllerTest() {
@@ -119,6 +129,11 @@ TEST_F(kuControllerTest, RemovalOfAnUnknownCallbackChangesNothing) {
   kuController::addCB("busTest", first);
   kuController::subCB("busTest", second);
   EXPECT_TRUE(kuController::call("busTest", 1));
+}
+
+TEST_F(kuControllerTest, CallbackRegisteredByAStaticObjectHears) {
+  EXPECT_TRUE(kuController::call("busTest.static", 1));
+  EXPECT_THAT(heard, ElementsAre("first"));
 }
 
 TEST_F(kuControllerTest, NullNameAndNullCallbackAreSafe) {
