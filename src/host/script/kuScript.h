@@ -21,6 +21,9 @@ class KUHOST_EXPORT kuScript {
    */
   static bool executeNUS(const char* code, bool sync);
 
-  /** Runs an expression and answers its result as text; empty if it was refused or failed. */
+  /**
+   * Runs an expression and answers its result as Python's str of it, so None gives "None"; empty
+   * if it was refused or failed.
+   */
   static std::string executeNUSR(const char* code);
 };
