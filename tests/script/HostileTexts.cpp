@@ -83,7 +83,7 @@ const std::vector<HostileText> kExpressions = {
     {"ImportFunction", "globals().update(ran=__import__('os'))", true},
     {"GetAttribute", "getattr(sentinel, '__call__')()", true},
     {"VectorAlone", "Vec3f(1, 2, 3)", false},
-    {"UnknownFunction", "quit()", false},
+    {"UnknownFunction", "unknown()", false},
     {"CyrillicLetter", "s\xD0\xB5ntinel()", false},
     {"WideLettersInAnAssignment",
      "\xEF\xBD\x92"
@@ -160,34 +160,46 @@ const std::vector<HostileText> kSetActive = {
     {"DunderMethod", "findNodePath('A').__init__(true)", false},
 };
 
-/** What could exhaust the interpreter's reader. The ones that bite are harmless to run. */
+/** A piece so often that it fills nearly the longest line that is read at all. */
+std::string deep(const std::string& piece) {
+  return times(60000 / static_cast<int>(piece.size()), piece);
+}
+
+/** What could exhaust the interpreter's reader. */
 std::vector<HostileText> boundless() {
-  constexpr int many = 100000;
+  const int half = 30000;
+  const int tooMany = 100001;
   return {
-      {"EndlessNumber", "sentinel(" + times(many, "9") + ")", false},
-      {"EndlessNumberWithUnderscores", "sentinel(" + times(many, "9_9") + ")", false},
-      {"EndlessFraction", "sentinel(0." + times(many, "3") + ")", true},
-      {"EndlessHexadecimalNumber", "sentinel(0x" + times(many, "f") + ")", true},
+      {"EndlessNumber", "sentinel(" + deep("9") + ")", false},
+      {"EndlessNumberWithUnderscores", "sentinel(" + deep("9_9") + ")", false},
+      {"EndlessFraction", "sentinel(0." + deep("3") + ")", true},
+      {"EndlessHexadecimalNumber", "sentinel(0x" + deep("f") + ")", true},
       {"NumberBeyond64Bits", "sentinel(9223372036854775808)", true},
       {"InfiniteNumber", "sentinel(1e999)", true},
       {"VectorBeyondFloat", "sentinel(Vec3f(1e300, 0, 0))", true},
-      {"DeepParentheses", times(many, "(") + "sentinel()" + times(many, ")"), false},
-      {"DeepOpenParentheses", times(many, "("), false},
-      {"DeepBrackets", "sentinel(" + times(many, "[") + times(many, "]") + ")", false},
-      {"DeepMinusSigns", "sentinel(" + times(many, "-") + "1)", false},
-      {"DeepNot", "sentinel(" + times(many, "not ") + "1)", false},
-      {"DeepAttributes", "sentinel" + times(many, ".a") + "()", false},
-      {"DeepCalls", "sentinel" + times(many, "()"), false},
-      {"DeepItems", "sentinel" + times(many, "[0]"), false},
-      {"DeepSum", "sentinel(1" + times(many, "+1") + ")", false},
-      {"DeepPower", "sentinel(1" + times(many, "**1") + ")", false},
-      {"DeepLambda", "sentinel(" + times(many, "lambda:") + "1)", false},
-      {"DeepConditional", "sentinel(" + times(many, "1 if 1 else ") + "1)", false},
-      {"DeepIndentation", times(200, "if 1:\n"), false},
-      {"DeepCallsInside", times(many, "sentinel(") + times(many, ")"), false},
+      {"DeepParentheses", times(half, "(") + "sentinel()" + times(half, ")"), false},
+      {"DeepOpenParentheses", deep("("), false},
+      {"DeepOpenParenthesesOverManyLines", times(tooMany, "(\n"), false},
+      {"DeepBrackets", "sentinel(" + times(half, "[") + times(half, "]") + ")", false},
+      {"DeepMinusSigns", "sentinel(" + deep("-") + "1)", false},
+      {"DeepNot", "sentinel(" + deep("not ") + "1)", false},
+      {"DeepAttributes", "sentinel" + deep(".a") + "()", false},
+      {"DeepAttributesOverManyLines", "(sentinel" + times(tooMany, "\n.a") + ")()", false},
+      {"DeepCalls", "sentinel" + deep("()"), false},
+      {"DeepItems", "sentinel" + deep("[0]"), false},
+      {"DeepSum", "sentinel(1" + deep("+1") + ")", false},
+      {"DeepPower", "sentinel(1" + deep("**1") + ")", false},
+      {"DeepLambda", "sentinel(" + deep("lambda:") + "1)", false},
+      {"DeepConditional", "sentinel(" + deep("1 if 1 else ") + "1)", false},
+      {"DeepIndentation", deep("if 1:\n"), false},
+      {"DeepCallsInside", deep("sentinel("), false},
+      {"WideTuple", deep("a,"), false},
+      {"ManyNames", times(tooMany, "a\n"), false},
       {"TooManyArguments", "sentinel(" + times(32, "1,") + "1)", true},
-      {"TooManyStatements", times(many + 1, "sentinel()\n"), true},
-      {"TooLongAText", "sentinel()#" + std::string(4 * 1024 * 1024, 'a'), true},
+      {"TooManyStatements", times(tooMany, "sentinel()\n"), true},
+      {"TooLongALine", "sentinel()#" + std::string(64 * 1024, 'a'), true},
+      {"TooLongAText", times(70, "sentinel()#" + std::string(60000, 'a') + "\n"), true},
+      {"BehindManyCommands", times(20000, "sentinel()\n") + "ran = 1", true},
   };
 }
 

@@ -8,6 +8,7 @@ using namespace kuStandalone;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::StartsWith;
 
 namespace {
 
@@ -88,6 +89,27 @@ TEST_F(ScriptPolicyTest, RefusalNamesSetPlaceAndStartOfText) {
   EXPECT_EQ(ScriptPolicy::refusals()[0].set, "Blue");
   EXPECT_EQ(ScriptPolicy::refusals()[0].reason, "line 3 is no command");
   EXPECT_EQ(ScriptPolicy::refusals()[0].start, "sentinel() import os");
+}
+
+TEST_F(ScriptPolicyTest, LongTextOfCommandsRuns) {
+  std::string text;
+  for (int i = 0; i < 20000; ++i)
+    text += "sentinel(\"Car/Body\", true) # a line\n";
+  EXPECT_TRUE(kuScript::run(text.c_str()));
+  EXPECT_EQ(sentinelCalls(), 20000);
+}
+
+TEST_F(ScriptPolicyTest, RefusalInALongTextTellsTheLine) {
+  std::string text;
+  for (int i = 0; i < 20000; ++i)
+    text += "sentinel()\n";
+  EXPECT_FALSE(kuScript::run((text + "ran = 1\n").c_str()));
+  EXPECT_FALSE(kuScript::run((text + "ran = = 1\n").c_str()));
+  ASSERT_EQ(ScriptPolicy::refusals().size(), 2u);
+  EXPECT_EQ(ScriptPolicy::refusals()[0].reason, "line 20001 is no command");
+  // Blocks of 65,536 bytes have 5957 of these lines.
+  EXPECT_THAT(ScriptPolicy::refusals()[1].reason,
+              StartsWith("counted from line 17872, line 2130: SyntaxError: invalid syntax"));
 }
 
 TEST_F(ScriptPolicyTest, RefusalOutsideASelectionNamesNoSet) {
@@ -210,6 +232,20 @@ TEST_F(ScriptPolicyTest, TextIsJudgedWithoutWhatAScriptMadeOfTheSyntaxModule) {
   EXPECT_EQ(sentinelCalls(), 1);
   ScriptPolicy::allow(true);
   ASSERT_TRUE(kuScript::run("ast.parse, builtins.compile = kept"));
+}
+
+TEST_F(ScriptPolicyTest, TextIsNotMistakenForWhatAScriptMakesOfTheSyntaxClasses) {
+  ScriptPolicy::allow(true);
+  ASSERT_TRUE(
+      kuScript::run("import _ast\n"
+                    "_ast.Name.id = property(lambda self: 'sentinel', lambda *a: None)"));
+  ScriptPolicy::allow(false);
+  EXPECT_FALSE(kuScript::run("exit()"));
+  EXPECT_EQ(sentinelCalls(), 0);
+  ScriptPolicy::allow(true);
+  ASSERT_TRUE(kuScript::run("del _ast.Name.id"));
+  ScriptPolicy::allow(false);
+  EXPECT_TRUE(kuScript::run("sentinel()"));
 }
 
 }  // namespace

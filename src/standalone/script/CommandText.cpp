@@ -1,7 +1,9 @@
 #include "standalone/script/CommandText.h"
 
+#include <algorithm>
 #include <boost/python.hpp>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 #include "standalone/script/ScriptCommands.h"
@@ -15,6 +17,8 @@ namespace kuStandalone {
 namespace {
 
 constexpr std::size_t kMaxBytes = 4 * 1024 * 1024;
+/** Python's tree takes up to a thousand times the text's memory. */
+constexpr std::size_t kMaxBlockBytes = 64 * 1024;
 constexpr std::size_t kMaxCommands = 100000;
 constexpr std::size_t kMaxArguments = 32;
 /** Some interpreters take time that grows with the square of a number's length. */
@@ -178,28 +182,73 @@ std::optional<Command> command(const SyntaxTree& node) {
 
 CommandText refused(std::string reason) { return {{}, std::move(reason)}; }
 
-/** The top node of an expression has no line of its own in its list: it is the only one. */
-std::string placeOf(const SyntaxTree& node) {
+/** A piece of the text, and how many lines stand before it. */
+struct Block {
+  std::string text;
+  long linesBefore;
+};
+
+CommandText noCommand(const SyntaxTree& node, const Block& block) {
   PyObject* line = node.value("lineno");
-  if (!line || !PyLong_CheckExact(line)) return "the text is no command";
-  return "line " + std::to_string(PyLong_AsLong(line)) + " is no command";
+  if (!line || !PyLong_CheckExact(line)) return refused("the text is no command");
+  return refused("line " + std::to_string(block.linesBefore + PyLong_AsLong(line)) +
+                 " is no command");
 }
 
-CommandText readStatements(const std::vector<SyntaxTree>& statements) {
+CommandText unreadable(const Block& block) {
+  const std::string error = ScriptInterpreter::takeError();
+  if (block.linesBefore == 0) return refused(error);
+  return refused("counted from line " + std::to_string(block.linesBefore + 1) + ", " + error);
+}
+
+CommandText readStatements(const std::vector<SyntaxTree>& statements, const Block& block) {
   CommandText text;
-  if (statements.size() > kMaxCommands) return refused("too many statements");
   for (const SyntaxTree& statement : statements) {
-    if (!statement.is(SyntaxTree::Expr)) return refused(placeOf(statement));
+    if (!statement.is(SyntaxTree::Expr)) return noCommand(statement, block);
     const std::optional<Command> found = command(statement["value"]);
-    if (!found) return refused(placeOf(statement));
+    if (!found) return noCommand(statement, block);
     text.commands.push_back(*found);
   }
   return text;
 }
 
-CommandText readExpression(const SyntaxTree& body) {
+CommandText readExpression(const SyntaxTree& body, const Block& block) {
   const std::optional<Command> found = command(body);
-  return found ? CommandText{{*found}, {}} : refused(placeOf(body));
+  return found ? CommandText{{*found}, {}} : noCommand(body, block);
+}
+
+CommandText readBlock(const Block& block, int startSymbol) {
+  const bp::object parsed =
+      ScriptInterpreter::compile(block.text.c_str(), startSymbol, PyCF_ONLY_AST);
+  if (PyErr_Occurred()) return unreadable(block);
+  const SyntaxTree tree(parsed.ptr());
+  if (tree.is(SyntaxTree::Module)) return readStatements(tree.list("body"), block);
+  if (tree.is(SyntaxTree::Expression)) return readExpression(tree["body"], block);
+  return refused("the text cannot be read");
+}
+
+/** As many whole lines as a block may have; empty if the first line is longer than that. */
+std::string_view firstLines(std::string_view text) {
+  if (text.size() <= kMaxBlockBytes) return text;
+  const std::size_t end = text.rfind('\n', kMaxBlockBytes - 1);
+  return text.substr(0, end == std::string_view::npos ? 0 : end + 1);
+}
+
+/** Reads on from block to block, and no further than to the first one that is refused. */
+CommandText readBlocks(std::string_view rest) {
+  CommandText all;
+  long lines = 0;
+  while (!rest.empty()) {
+    const std::string_view first = firstLines(rest);
+    if (first.empty()) return refused("line " + std::to_string(lines + 1) + " is too long");
+    CommandText text = readBlock({std::string(first), lines}, Py_file_input);
+    if (!text.refusal.empty()) return text;
+    std::move(text.commands.begin(), text.commands.end(), std::back_inserter(all.commands));
+    if (all.commands.size() > kMaxCommands) return refused("too many statements");
+    lines += std::count(first.begin(), first.end(), '\n');
+    rest.remove_prefix(first.size());
+  }
+  return all;
 }
 
 }  // namespace
@@ -208,12 +257,9 @@ CommandText readCommands(const char* text, int startSymbol) {
   const std::string_view all(text);
   if (all.size() > kMaxBytes) return refused("the text is too long");
   if (hasEndlessNumber(all)) return refused("a number is too long");
-  const bp::object parsed = ScriptInterpreter::compile(text, startSymbol, PyCF_ONLY_AST);
-  if (PyErr_Occurred()) return refused(ScriptInterpreter::takeError());
-  const SyntaxTree tree(parsed.ptr());
-  if (tree.is(SyntaxTree::Module)) return readStatements(tree.list("body"));
-  if (tree.is(SyntaxTree::Expression)) return readExpression(tree["body"]);
-  return refused("the text cannot be read");
+  if (startSymbol == Py_file_input) return readBlocks(all);
+  if (all.size() > kMaxBlockBytes) return refused("the text is too long");
+  return readBlock({std::string(all), 0}, startSymbol);
 }
 
 }  // namespace kuStandalone

@@ -39,6 +39,9 @@ struct CommandText {
  * None, and Pnt3f and Vec3f of three numbers. Everything else makes the whole text refused.
  * The judgement is made on Python's own syntax tree, so that it cannot be mistaken about what
  * Python would see; the tree is read without asking its classes, which a script may have changed.
+ * What is long enough to exhaust Python's reader is refused: a text over 4 MiB, a line over 64 KiB,
+ * a number over 1000 digits, more than 100,000 commands, more than 32 arguments. A text over 64 KiB
+ * is read in blocks of whole lines, and there a command that spans lines may be refused.
  * @param startSymbol Py_file_input, or Py_eval_input for a single command.
  */
 CommandText readCommands(const char* text, int startSymbol);
