@@ -15,8 +15,7 @@ class KUHOST_EXPORT EditBrackets {
    * Checks one change: reports and counts it unless a bracket of @p object is open whose mask has
    * all of @p field. Called by every setter of this host.
    */
-  static void noteChange(const osg::FieldContainer& object, osg::FieldMask field,
-                         const char* what);
+  static void noteChange(const osg::FieldContainer& object, osg::FieldMask field, const char* what);
 
   /** The number of changes outside a fitting bracket, and of brackets closed but never opened. */
   static std::uint64_t violations();

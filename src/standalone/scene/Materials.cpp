@@ -77,9 +77,9 @@ osg::MaterialPtr EnvironmentMaterial::create(std::string name) {
 
 osg::SwitchMaterialPtr createSwitchMaterial(std::string name, osg::MFMaterialPtr subMaterials,
                                             unsigned choice, bool environment) {
-  osg::SwitchMaterialPtr material(environment
-                                      ? static_cast<osg::SwitchMaterial*>(new EnvironmentSwitchMaterial)
-                                      : new PlainSwitchMaterial);
+  osg::SwitchMaterialPtr material(
+      environment ? static_cast<osg::SwitchMaterial*>(new EnvironmentSwitchMaterial)
+                  : new PlainSwitchMaterial);
   osg::MaterialFields& fields = material->hostFields();
   fields.name = std::move(name);
   fields.subMaterials = std::move(subMaterials);
@@ -151,7 +151,8 @@ MaterialPtr SwitchMaterial::getMaterial(unsigned index) const {
 bool SwitchMaterial::isMultiState() const { return true; }
 
 void SwitchMaterial::getStateNames(std::vector<std::string>& names) const {
-  for (const MaterialPtr& material : getMaterials()) names.push_back(material->hostFields().name);
+  for (const MaterialPtr& material : getMaterials())
+    names.push_back(material->hostFields().name);
 }
 
 bool SwitchMaterial::setCurrentState(unsigned index) {

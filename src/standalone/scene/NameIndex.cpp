@@ -23,9 +23,11 @@ std::vector<unsigned> placeOf(const SceneNode& node) {
 
 void sortInSceneOrder(SceneNode** first, SceneNode** last) {
   std::vector<std::pair<std::vector<unsigned>, SceneNode*>> placed;
-  for (SceneNode** node = first; node != last; ++node) placed.emplace_back(placeOf(**node), *node);
+  for (SceneNode** node = first; node != last; ++node)
+    placed.emplace_back(placeOf(**node), *node);
   std::sort(placed.begin(), placed.end());
-  for (const auto& entry : placed) *first++ = entry.second;
+  for (const auto& entry : placed)
+    *first++ = entry.second;
 }
 
 void NameIndex::add(SceneNode& node) {

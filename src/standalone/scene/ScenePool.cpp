@@ -11,7 +11,8 @@ namespace kuStandalone {
 ScenePool::ScenePool() : osg::MaterialPool(osg::MaterialPool::_type) {}
 
 ScenePool::~ScenePool() {
-  for (const osg::MaterialPtr& material : _materials) material->hostFields().pool = nullptr;
+  for (const osg::MaterialPtr& material : _materials)
+    material->hostFields().pool = nullptr;
 }
 
 osg::MaterialPoolPtr ScenePool::create() { return osg::MaterialPoolPtr(new ScenePool); }

@@ -16,8 +16,8 @@ struct Transform {
   std::optional<std::array<double, 16>> matrix;
 
   bool operator==(const Transform& other) const {
-    return translation == other.translation && rotation == other.rotation &&
-           scale == other.scale && matrix == other.matrix;
+    return translation == other.translation && rotation == other.rotation && scale == other.scale &&
+           matrix == other.matrix;
   }
   bool operator!=(const Transform& other) const { return !(*this == other); }
 };
