@@ -60,6 +60,27 @@ TEST_P(ClippingFunctions, SettingsOfASetTakeEffect) {
   EXPECT_THAT(log, IsEmpty());
 }
 
+TEST_P(ClippingFunctions, SettingsThatNobodyTouchedTakeEffect) {
+  ASSERT_TRUE(kuScript::executeNUS(kAllSettings, false));
+  EXPECT_TRUE(
+      kuScript::executeNUS("setClippingPlane(Pnt3f(0, 0, 0),Vec3f(0, 1, 0),false)\n"
+                           "setClippingPlaneVisualization(true, Vec3f(0.2, 0.3, 0.4))\n"
+                           "setClippingGridVisualization(true, Vec3f(0.63, 0.82, 0.89))\n"
+                           "setClippingContourVisualization(true, Vec3f(1, 0.7, 0), 1)\n"
+                           "setClippingHideScene(false)\n"
+                           "enableClippingPlane(true)\n",
+                           false));
+  EXPECT_TRUE(settings().enabled);
+  EXPECT_EQ(settings().normal, osg::Vec3f(0, 1, 0));
+  EXPECT_FALSE(settings().invert);
+  EXPECT_FALSE(settings().hideScene);
+  EXPECT_TRUE(settings().showPlane);
+  EXPECT_EQ(settings().planeColor, osg::Vec3f(0.2f, 0.3f, 0.4f));
+  EXPECT_EQ(settings().gridColor, osg::Vec3f(0.63f, 0.82f, 0.89f));
+  EXPECT_EQ(settings().contourColor, osg::Vec3f(1, 0.7f, 0));
+  EXPECT_EQ(settings().contourWidth, 1);
+}
+
 TEST_P(ClippingFunctions, PlaneAloneLeavesTheRest) {
   EXPECT_TRUE(
       kuScript::executeNUS("setClippingPlane(Pnt3f(1, 2, 3),Vec3f(0, 0, 1),true)\n", false));
