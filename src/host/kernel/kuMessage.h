@@ -32,6 +32,7 @@ class KUHOST_EXPORT kuMessage {
    * its place; without, it stays.
    */
   void set(const std::string& name, const boost::any& value, bool overwrite);
+  void set(const std::string& name, boost::any&& value, bool overwrite);
 
   /**
    * Reads an attribute as exactly the type T. An absent one gives false, and so does one of

@@ -1,7 +1,5 @@
 #include "standalone/kernel/MessageBus.h"
 
-#include "standalone/scene/TextKey.h"
-
 namespace kuStandalone {
 
 MessageBus& MessageBus::the() {

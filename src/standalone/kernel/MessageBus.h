@@ -6,6 +6,7 @@
 
 #include "standalone/kernel/CallList.h"
 #include "standalone/kernel/MessageWatch.h"
+#include "standalone/scene/TextKey.h"
 
 namespace kuStandalone {
 
@@ -41,7 +42,7 @@ class MessageBus {
   void show(const PassedMessage& message);
 
   /** A name once known stays, so that a list never goes while it is walked. */
-  boost::unordered_map<std::string, CallList<Callback>> _receivers;
+  boost::unordered_map<std::string, CallList<Callback>, TextHash> _receivers;
   CallList<Watching> _watchers;
   int _lastHandle = 0;
 };

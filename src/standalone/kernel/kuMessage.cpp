@@ -6,6 +6,7 @@
 #include <array>
 #include <boost/core/demangle.hpp>
 #include <cstdio>
+#include <utility>
 
 namespace {
 
@@ -21,13 +22,17 @@ kuMessage::kuMessage(std::int64_t number) : _number(number) {}
 kuMessage::~kuMessage() = default;
 
 void kuMessage::set(const std::string& name, const boost::any& value, bool overwrite) {
+  set(name, boost::any(value), overwrite);
+}
+
+void kuMessage::set(const std::string& name, boost::any&& value, bool overwrite) {
   for (Attribute& attribute : _attributes) {
     if (attribute.first != name) continue;
-    if (overwrite) attribute.second = value;
+    if (overwrite) attribute.second = std::move(value);
     return;
   }
   if (_attributes.empty()) _attributes.reserve(usualAttributes);
-  _attributes.emplace_back(name, value);
+  _attributes.emplace_back(name, std::move(value));
 }
 
 const boost::any* kuMessage::find(const std::string& name) const {

@@ -30,29 +30,53 @@ void sortInSceneOrder(SceneNode** first, SceneNode** last) {
     *first++ = entry.second;
 }
 
-void NameIndex::add(SceneNode& node) {
-  Bucket& bucket = _buckets[node.name()];
-  bucket.nodes.push_back(&node);
-  bucket.unordered = bucket.nodes.size() > 1;
+std::size_t NameIndex::Hash::operator()(const Bucket& bucket) const {
+  return TextHash()(bucket.nodes.front()->name());
 }
 
-void NameIndex::remove(SceneNode& node, std::string_view name) {
-  const auto found = _buckets.find(name, TextHash(), TextEqual());
-  if (found == _buckets.end()) return;
-  Nodes& nodes = found->second.nodes;
-  nodes.erase(std::remove(nodes.begin(), nodes.end(), &node), nodes.end());
-  if (nodes.empty()) _buckets.erase(found);
+bool NameIndex::Equal::operator()(const Bucket& a, const Bucket& b) const {
+  return a.nodes.front()->name() == b.nodes.front()->name();
+}
+
+bool NameIndex::EqualToText::operator()(std::string_view name, const Bucket& bucket) const {
+  return name == bucket.nodes.front()->name();
+}
+
+NameIndex::Buckets::iterator NameIndex::bucketOf(std::string_view name) {
+  return _buckets.find(name, TextHash(), EqualToText());
+}
+
+void NameIndex::add(SceneNode& node) {
+  const auto bucket = bucketOf(node.name());
+  if (bucket == _buckets.end()) {
+    _buckets.emplace(node);
+    return;
+  }
+  bucket->nodes.push_back(&node);
+  bucket->unordered = true;
+}
+
+void NameIndex::remove(SceneNode& node) {
+  const auto bucket = bucketOf(node.name());
+  if (bucket == _buckets.end()) return;
+  Nodes& nodes = bucket->nodes;
+  const auto found = std::find(nodes.begin(), nodes.end(), &node);
+  if (found == nodes.end()) return;
+  if (nodes.size() == 1) {
+    _buckets.erase(bucket);
+  } else {
+    nodes.erase(found);
+  }
 }
 
 const NameIndex::Nodes* NameIndex::find(std::string_view name) {
-  const auto found = _buckets.find(name, TextHash(), TextEqual());
-  if (found == _buckets.end()) return nullptr;
-  Bucket& bucket = found->second;
-  if (bucket.unordered) {
-    sortInSceneOrder(bucket.nodes.data(), bucket.nodes.data() + bucket.nodes.size());
-    bucket.unordered = false;
+  const auto bucket = bucketOf(name);
+  if (bucket == _buckets.end()) return nullptr;
+  if (bucket->unordered) {
+    sortInSceneOrder(bucket->nodes.data(), bucket->nodes.data() + bucket->nodes.size());
+    bucket->unordered = false;
   }
-  return &bucket.nodes;
+  return &bucket->nodes;
 }
 
 }  // namespace kuStandalone

@@ -1,8 +1,7 @@
 #pragma once
 
 #include <boost/container/small_vector.hpp>
-#include <boost/unordered_map.hpp>
-#include <string>
+#include <boost/unordered_set.hpp>
 #include <string_view>
 
 #include "host/kuHostExport.h"
@@ -21,7 +20,8 @@ class KUHOST_EXPORT NameIndex {
   using Nodes = boost::container::small_vector<SceneNode*, 1>;
 
   void add(SceneNode& node);
-  void remove(SceneNode& node, std::string_view name);
+  /** Takes a node out; it must still bear the name by which it was added. */
+  void remove(SceneNode& node);
   /** Forgets all nodes at once. */
   void clear() { _buckets.clear(); }
 
@@ -29,13 +29,29 @@ class KUHOST_EXPORT NameIndex {
   const Nodes* find(std::string_view name);
 
  private:
+  /** The nodes of one name, never empty: it is found by the name that its first node bears. */
   struct Bucket {
-    Nodes nodes;
-    /** Whether nodes came since the order was last established. */
-    bool unordered = false;
-  };
+    explicit Bucket(SceneNode& node) : nodes(1, &node) {}
 
-  boost::unordered_map<std::string, Bucket> _buckets;
+    // The set of buckets sees only the name, which the rest does not change.
+    mutable Nodes nodes;
+    /** Whether nodes came since the order was last established. */
+    mutable bool unordered = false;
+  };
+  struct Hash {
+    std::size_t operator()(const Bucket& bucket) const;
+  };
+  struct Equal {
+    bool operator()(const Bucket& a, const Bucket& b) const;
+  };
+  struct EqualToText {
+    bool operator()(std::string_view name, const Bucket& bucket) const;
+  };
+  using Buckets = boost::unordered_set<Bucket, Hash, Equal>;
+
+  Buckets::iterator bucketOf(std::string_view name);
+
+  Buckets _buckets;
 };
 
 /** Sorts nodes of one tree into the order of a depth-first walk. */

@@ -50,7 +50,7 @@ SceneNode::~SceneNode() {
 }
 
 void SceneNode::setName(std::string name) {
-  if (_tree) _tree->names.remove(*this, _name);
+  if (_tree) _tree->names.remove(*this);
   _name = std::move(name);
   if (_tree) _tree->names.add(*this);
 }
@@ -81,14 +81,23 @@ void SceneNode::removeChild(const osg::NodePtr& child) {
   of(kept).setTree(nullptr);
 }
 
+const Transform& SceneNode::transform() const {
+  static const Transform identity;
+  return _transform ? *_transform : identity;
+}
+
+void SceneNode::setTransform(const Transform& transform) {
+  _transform = transform == Transform() ? nullptr : std::make_unique<Transform>(transform);
+}
+
 void SceneNode::moveTo(const Transform& transform) {
   EditBrackets::noteChange(*this, TransformFieldMask, "SceneNode::moveTo");
-  _transform = transform;
+  setTransform(transform);
 }
 
 void SceneNode::setTree(SceneTree* tree) {
   if (tree == _tree) return;
-  if (_tree) _tree->names.remove(*this, _name);
+  if (_tree) _tree->names.remove(*this);
   _tree = tree;
   if (_tree) _tree->names.add(*this);
   for (const osg::NodePtr& child : _children)

@@ -55,11 +55,11 @@ class KUHOST_EXPORT SceneNode final : public osg::Node {
 
   static constexpr osg::FieldMask TransformFieldMask = osg::FieldMask(1) << 1;
 
-  const Transform& transform() const { return _transform; }
+  const Transform& transform() const;
   /** Stands in an edit bracket whose mask has TransformFieldMask. */
   void moveTo(const Transform& transform);
   /** The transform as data: no bracket is asked for. */
-  void setTransform(const Transform& transform) { _transform = transform; }
+  void setTransform(const Transform& transform);
 
   /** Index of the node in the file that the scene came from, or -1. */
   int source() const { return _source; }
@@ -83,7 +83,8 @@ class KUHOST_EXPORT SceneNode final : public osg::Node {
   std::uint32_t _indexInParent = 0;
   int _source = -1;
   bool _active = true;
-  Transform _transform;
+  /** Null for the identity, which most nodes have. */
+  std::unique_ptr<Transform> _transform;
 };
 
 }  // namespace kuStandalone

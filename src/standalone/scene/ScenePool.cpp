@@ -4,7 +4,6 @@
 
 #include "standalone/scene/EditBrackets.h"
 #include "standalone/scene/MaterialFields.h"
-#include "standalone/scene/TextKey.h"
 
 namespace kuStandalone {
 

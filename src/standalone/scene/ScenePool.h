@@ -6,6 +6,7 @@
 
 #include "host/osg/MaterialPool.h"
 #include "host/osg/MultiMaterial.h"
+#include "standalone/scene/TextKey.h"
 
 namespace kuStandalone {
 
@@ -36,7 +37,7 @@ class KUHOST_EXPORT ScenePool final : public osg::MaterialPool {
   void unindex(const osg::MaterialPtr& material);
 
   osg::MFMaterialPtr _materials;
-  boost::unordered_map<std::string, osg::MFMaterialPtr> _names;
+  boost::unordered_map<std::string, osg::MFMaterialPtr, TextHash> _names;
 };
 
 }  // namespace kuStandalone

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <boost/functional/hash.hpp>
 #include <cstddef>
+#include <functional>
 #include <string_view>
 
 namespace kuStandalone {
@@ -9,7 +9,7 @@ namespace kuStandalone {
 /** Hash and comparison by which a table with std::string keys is searched with any text. */
 struct TextHash {
   std::size_t operator()(std::string_view text) const {
-    return boost::hash_range(text.begin(), text.end());
+    return std::hash<std::string_view>()(text);
   }
 };
 
