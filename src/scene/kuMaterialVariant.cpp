@@ -15,6 +15,7 @@
 #include "host/utils/kuMaterials.h"
 #include "model/kuKeyword.h"
 #include "scene/kuOptionRebuild.h"
+#include "scene/kuSubTree.h"
 #include "scene/kuVariantMessages.h"
 
 namespace {
@@ -189,8 +190,7 @@ void setUsersActive(const QString& name, bool active) {
     kuMaterials::getNodesWithMaterial(users, found);
   }
   for (const kuNodePtr& user : users) {
-    const osg::EditCP edit(user.getNode(), osg::Node::TravMaskFieldMask);
-    user.getNode()->setActive(active);
+    kuSubTree::setActive(user, active);
   }
 }
 

@@ -11,7 +11,6 @@
 #include "host/kernel/kuLog.h"
 #include "host/kernel/kuScenegraph.h"
 #include "host/osg/EditCP.h"
-#include "host/osg/Geometry.h"
 #include "host/osg/Switch.h"
 #include "host/osg/SwitchComponentTransform.h"
 #include "host/utils/kuNodeUtils.h"
@@ -20,17 +19,13 @@
 #include "scene/kuNodePath.h"
 #include "scene/kuNodeStates.h"
 #include "scene/kuOptionRebuild.h"
+#include "scene/kuSubTree.h"
 #include "scene/kuVariantMessages.h"
 
 namespace {
 
 std::vector<kuNodePtr> nodesOf(const QString& name) {
   return kuScenegraph::findNodes(name.toUtf8().constData());
-}
-
-void setActive(const osg::NodePtr& node, bool active) {
-  const osg::EditCP edit(node, osg::Node::TravMaskFieldMask);
-  node->setActive(active);
 }
 
 /** The core as a transform; null for a node of another kind and for a null one. */
@@ -159,13 +154,13 @@ void kuNodeVariant::Selection::setVisibility(const osg::NodePtr& node, kuMessage
 }
 
 void kuNodeVariant::Selection::show(const osg::NodePtr& node, kuMessage& message) const {
-  setActive(node, true);
+  kuSubTree::setActive(node, true);
   recurseEnable(node);
   callVariantsNodesChanged(node, message);
 }
 
 void kuNodeVariant::Selection::hide(const osg::NodePtr& node, kuMessage& message) const {
-  setActive(node, false);
+  kuSubTree::setActive(node, false);
   // Stands there until the list of visible nodes takes its place, and its type.
   message.set("visible", false, true);
   callVariantsNodesChanged(node, message);
@@ -294,21 +289,10 @@ void kuNodeVariant::recurseEnable(const osg::NodePtr& start) {
   // The first active ancestor ends the walk, even if an inactive one stands above it.
   for (osg::NodePtr above = start->getParent(); above && !above->getActive();
        above = above->getParent()) {
-    setActive(above, true);
+    kuSubTree::setActive(above, true);
   }
 }
 
-void kuNodeVariant::pushEnable(const osg::NodePtr& start) {
-  setActive(start, true);
-  const unsigned count = start->getNChildren();
-  for (unsigned i = 0; i < count; ++i)
-    pushEnable(start->getChild(i));
-}
+void kuNodeVariant::pushEnable(const osg::NodePtr& start) { kuSubTree::enable(start); }
 
-// Only geometries go dark, while pushEnable lights everything: what stands between keeps its flag.
-void kuNodeVariant::pushDisable(const osg::NodePtr& start) {
-  if (osg::GeometryPtr::dcast(start->getCore())) setActive(start, false);
-  const unsigned count = start->getNChildren();
-  for (unsigned i = 0; i < count; ++i)
-    pushDisable(start->getChild(i));
-}
+void kuNodeVariant::pushDisable(const osg::NodePtr& start) { kuSubTree::disableGeometries(start); }
