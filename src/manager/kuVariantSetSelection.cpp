@@ -20,8 +20,10 @@
 
 // Selecting a set. Receivers of the messages and the scripts run in the midst of it, and may change
 // or remove the variants and the very set. So each step reads the set through a keeper, each loop
-// goes over a copy of its list, and each variant is looked up when its turn comes. The selection of
-// a set that was removed goes on with what the set held, so that every message goes out.
+// goes over a copy of its list, taken when its turn comes, and each variant is looked up when its
+// turn comes. The selection of a set that was removed goes on with what the set held, so that every
+// message goes out and the scene is not left halfway; only its script is not run any more: nobody
+// wants the code of what was just taken away.
 
 namespace {
 
@@ -79,6 +81,10 @@ void selectDefaults(const std::list<kuVariantState>& states, Variant* (*find)(co
   }
 }
 
+kuCameraService* cameraService() {
+  return kuKernelServiceFactory::the().getService<kuCameraService>();
+}
+
 /** Looks through a viewpoint, if there is one of that name. */
 void activate(kuCameraService& service, const QString& viewpoint, bool asDefault) {
   const kudCameraBaseNode camera = service.findCamera(viewpoint);
@@ -99,17 +105,20 @@ void kuVariantSet::select(bool execute, bool skipViewpoint, bool instantaneous) 
   selectStates(set->materialVariants, kuVariants::findMaterialVariant);
   selectStates(set->transformVariants, kuVariants::findTransformVariant);
   selectStates(set->lightVariants, kuVariants::findLightVariant);
-  auto* cameras = kuKernelServiceFactory::the().getService<kuCameraService>();
-  if (skipViewpoint) cameras = nullptr;
-  if (cameras && !set->viewpoints.empty()) activate(*cameras, set->viewpoints.front(), false);
+  const bool moveCamera = cameraService() && !skipViewpoint;
+  if (moveCamera && !set->viewpoints.empty()) {
+    activate(*cameraService(), set->viewpoints.front(), false);
+  }
   selectStates(set->overlayVariants, kuVariants::findOverlayVariant);
 
   if (execute) {
-    if (!set->script.isEmpty()) set->executeScript();
+    if (!set->script.isEmpty() && !set.isGone()) set->executeScript();
     set->executeAnalyzer();
     startAnimations(set, instantaneous);
-    if (cameras && !set->defaultViewpoint.isEmpty()) {
-      activate(*cameras, set->defaultViewpoint, true);
+    if (moveCamera && !set->defaultViewpoint.isEmpty()) {
+      // A receiver may have taken the service out since.
+      if (kuCameraService* cameras = cameraService())
+        activate(*cameras, set->defaultViewpoint, true);
     }
   }
 

@@ -153,7 +153,8 @@ kuMaterialVariant* kuVariants::createMaterialVariant(osg::MaterialPtr material, 
     if (!kuMaterials::findMaterial(switchName.toUtf8().constData()).isValid()) {
       const kuMaterialVariant repair(material);
     }
-    return existing;
+    // The repair is told to the host's modules, and one of them may have removed the variant.
+    return _materialVariants.contains(existing) ? existing : nullptr;
   }
   return entered(_materialVariants, std::make_unique<kuMaterialVariant>(material), sendMessage,
                  materialMessages);

@@ -24,6 +24,9 @@ class kuVariantSet::Keeper {
   kuVariantSet& operator*() const { return *_set; }
   kuVariantSet* operator->() const { return _set; }
 
+  /** Whether the set was destroyed since. */
+  bool isGone() const { return _copy != nullptr; }
+
   /** The keeper of an enclosing piece of work on the same set, or null. */
   Keeper* outer() const { return _outer; }
 
