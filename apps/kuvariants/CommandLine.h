@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+class Output;
+class Workspace;
+
+/** What every command understands. */
+struct CommonOptions {
+  bool json = false;
+  bool allowScripts = false;
+  /** File for the messages to the host. */
+  std::optional<std::string> trace;
+};
+
+/** A command line that was understood. */
+struct Invocation {
+  CommonOptions common;
+  std::string scene;
+  /** None for a command that takes no document. */
+  std::optional<std::string> document;
+  /** File for the scene as it is at the end. */
+  std::optional<std::string> saveScene;
+  /** What the command does once the inputs are loaded; answers what goes to standard output. */
+  std::function<std::string(const Invocation&)> run;
+};
+
+/**
+ * Reads the command line. Throws a Failure where it is wrong. Where it asks for help or for the
+ * version, that goes to the output and the answer is false.
+ */
+bool readCommandLine(int argc, char** argv, Invocation& invocation, Output& output);

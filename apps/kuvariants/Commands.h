@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "CommandLine.h"
+
+namespace CLI {
+class App;
+}
+
+/** Each command enters itself, and sets Invocation::run when it is the one that was chosen. */
+void addSceneCommand(CLI::App& app, Invocation& invocation);
+void addListCommand(CLI::App& app, Invocation& invocation);
+void addSelectCommand(CLI::App& app, Invocation& invocation);
+
+/** The arguments SCENE and DOCUMENT. */
+void addSceneArgument(CLI::App& command, Invocation& invocation);
+void addDocumentArgument(CLI::App& command, Invocation& invocation);
+
+/**
+ * The library that reads the command line takes texts in brackets for lists and passes over empty
+ * ones. While it reads, such arguments stand behind a mark; this takes it away.
+ */
+std::string unmarked(const std::string& argument);
+
+/** The same for the name of a file; an empty one makes the command line wrong. */
+std::string fileName(const std::string& argument);

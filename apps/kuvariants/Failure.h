@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+#include "ExitCode.h"
+
+/** Thrown where a command cannot go on; main() turns it into one line and an exit code. */
+struct Failure {
+  ExitCode code;
+  /** What could not be done, for example "cannot read document". */
+  std::string what;
+  /** Where: a file, a name, an option. As it came, not escaped. */
+  std::string where;
+  /** Why; may be empty. */
+  std::string reason;
+};

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+/** Writes all of it to a file descriptor. Answers 0, or the error's number. */
+int writeAll(int descriptor, const std::string& bytes);
+
+/**
+ * The application's standard output. It is made first of all; from then on whatever else prints to
+ * standard output, the library and scripts among them, goes to standard error.
+ */
+class Output {
+ public:
+  Output();
+  ~Output();
+  Output(const Output&) = delete;
+  Output& operator=(const Output&) = delete;
+
+  /** Writes the text, or throws a Failure. */
+  void write(const std::string& text);
+
+ private:
+  int _descriptor;
+};

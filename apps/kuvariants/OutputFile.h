@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+class QSaveFile;
+
+/**
+ * A file that is written whole or not at all: prepare() does everything that can fail for want of
+ * space or right, put() sets the file in place. A pipe or a device is written to directly, since
+ * one must not be replaced by a file.
+ */
+class OutputFile {
+ public:
+  explicit OutputFile(std::string path);
+  ~OutputFile();
+
+  /** Throws a Failure where the file cannot be written; nothing has changed then. */
+  void prepare(const std::string& content);
+  void put();
+
+  /** Whether something stands there that is neither a file nor a directory. */
+  static bool isSpecial(const std::string& path);
+
+ private:
+  [[noreturn]] void fail(const std::string& reason) const;
+
+  std::string _path;
+  std::unique_ptr<QSaveFile> _file;
+};

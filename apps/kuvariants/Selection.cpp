@@ -1,0 +1,127 @@
+#include "Selection.h"
+
+#include "Failure.h"
+#include "Text.h"
+#include "manager/kuVariants.h"
+#include "model/kuVariant.h"
+#include "model/kuVariantSet.h"
+#include "standalone/animation/AnimationPlayer.h"
+#include "standalone/scene/Scene.h"
+#include "standalone/script/ScriptPolicy.h"
+
+using namespace kuStandalone;
+
+namespace {
+
+template <class List>
+QStringList namesOf(const List& list) {
+  QStringList names;
+  for (const auto* one : list)
+    names += one->getName();
+  return names;
+}
+
+QStringList optionsOf(const kuVariant& variant) {
+  QStringList names;
+  for (const kuVariantOption& option : variant.getOptions())
+    names += option.getName();
+  return names;
+}
+
+[[noreturn]] void failUnknown(const std::string& what, const std::string& where,
+                              const QString& name, const QStringList& existing) {
+  std::string reason = "there is none of that name";
+  const QStringList near = nearestNames(name, existing);
+  if (!near.empty()) reason += "; did you mean \"" + near.join("\" or \"").toStdString() + "\"?";
+  throw Failure{ExitCode::NameUnknown, what, where, reason};
+}
+
+kuVariantSet& existingSet(const QString& name) {
+  if (kuVariantSet* set = kuVariants::findVariantSet(name)) return *set;
+  failUnknown("unknown set", name.toStdString(), name, namesOf(kuVariants::getVariantSets()));
+}
+
+kuVariant& existingVariant(const StateRequest& request) {
+  if (kuVariant* variant = request.kind->find(request.variant)) return *variant;
+  failUnknown("unknown variant",
+              std::string(request.kind->name) + ':' + request.variant.toStdString(),
+              request.variant, namesOf(request.kind->variants()));
+}
+
+void checkState(const StateRequest& request) {
+  const kuVariant& variant = existingVariant(request);
+  if (hasState(*request.kind, variant, request.state)) return;
+  failUnknown("unknown state",
+              std::string(request.kind->name) + ':' + request.variant.toStdString() + '=' +
+                  request.state.toStdString(),
+              request.state, optionsOf(variant));
+}
+
+void checkNames(const SelectOptions& options) {
+  for (const QString& set : options.sets)
+    existingSet(set);
+  for (const StateRequest& request : options.states)
+    checkState(request);
+}
+
+// A script or a receiver of messages may have removed what was there when the names were checked,
+// so each is looked up anew when its turn comes.
+
+void selectSet(const QString& name, const SelectOptions& options) {
+  kuVariantSet& set = existingSet(name);
+  if (options.useDefaults) {
+    set.selectDefault();
+  } else {
+    kuVariants::selectVariantSet(name.toUtf8().constData(), options.skipViewpoint);
+  }
+}
+
+std::vector<VariantChange> presentStates() {
+  std::vector<VariantChange> states;
+  for (const Kind& kind : kinds()) {
+    for (const kuVariant* variant : kind.variants()) {
+      states.push_back({&kind, variant->getName(), variant->getCurrent(), {}});
+    }
+  }
+  return states;
+}
+
+/** The states that variants have now, beside those which they had, as far as they were there. */
+std::vector<VariantChange> compare(const std::vector<VariantChange>& before) {
+  std::map<std::pair<const Kind*, QString>, QString> former;
+  for (const VariantChange& one : before)
+    former[{one.kind, one.variant}] = one.before;
+  std::vector<VariantChange> changes = presentStates();
+  for (VariantChange& change : changes) {
+    change.after = change.before;
+    const auto known = former.find({change.kind, change.variant});
+    if (known != former.end()) change.before = known->second;
+  }
+  return changes;
+}
+
+QString presentViewpoint() { return QString::fromStdString(Scene::the().activeViewpoint); }
+
+}  // namespace
+
+SelectionReport selectAll(const SelectOptions& options) {
+  checkNames(options);
+  const std::vector<VariantChange> before = presentStates();
+  SelectionReport report;
+  report.viewpointBefore = presentViewpoint();
+  AnimationPlayer::clearStarted();
+  ScriptPolicy::clearRefusals();
+  for (const QString& set : options.sets) {
+    selectSet(set, options);
+    report.sets += set;
+  }
+  for (const StateRequest& request : options.states) {
+    existingVariant(request).select(request.state);
+    report.states.push_back(request);
+  }
+  report.variants = compare(before);
+  report.viewpoint = presentViewpoint();
+  report.animations = AnimationPlayer::started();
+  report.scriptsHeldBack = ScriptPolicy::refusalCount();
+  return report;
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "Kinds.h"
+
+/** A variant that is to be put into a state. */
+struct StateRequest {
+  const Kind* kind;
+  QString variant;
+  QString state;
+};
+
+/** What is to be selected: the sets in order, then the single variants in order. */
+struct SelectOptions {
+  std::vector<QString> sets;
+  std::vector<StateRequest> states;
+  /** Put the sets' variants into their own default states instead. */
+  bool useDefaults = false;
+  bool skipViewpoint = false;
+};
+
+/** A variant before and after; the texts are empty where the state cannot be told. */
+struct VariantChange {
+  const Kind* kind;
+  QString variant;
+  QString before;
+  QString after;
+};
+
+/** What came of a selection. */
+struct SelectionReport {
+  QStringList sets;
+  std::vector<StateRequest> states;
+  /** Every variant, changed or not. */
+  std::vector<VariantChange> variants;
+  /** The viewpoint looked through; empty for none. */
+  QString viewpointBefore;
+  QString viewpoint;
+  std::vector<std::string> animations;
+  std::uint64_t scriptsHeldBack = 0;
+};
+
+/** Checks every name, then selects. Throws a Failure for a name that does not exist. */
+SelectionReport selectAll(const SelectOptions& options);
+
+std::string selectionJson(const SelectionReport& report);
+std::string selectionText(const SelectionReport& report);

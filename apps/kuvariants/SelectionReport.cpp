@@ -1,0 +1,105 @@
+#include <algorithm>
+
+#include "Diagnostics.h"
+#include "JsonWriter.h"
+#include "Selection.h"
+#include "Text.h"
+
+namespace {
+
+void writeStates(JsonWriter& json, const SelectionReport& report) {
+  for (const Kind& kind : kinds()) {
+    json.key(kind.name);
+    json.object([&] {
+      for (const VariantChange& one : report.variants) {
+        if (one.kind == &kind) json.entry(one.variant, one.after);
+      }
+    });
+  }
+}
+
+std::string shownState(const QString& state) { return state.isEmpty() ? "-" : escaped(state); }
+
+bool hasChanged(const VariantChange& one) { return one.before != one.after; }
+
+std::string lineOf(const VariantChange& one) {
+  std::string line = std::string("  ") + one.kind->name + ' ' + escaped(one.variant) + ": ";
+  if (hasChanged(one)) line += shownState(one.before) + " -> ";
+  return line + shownState(one.after) + '\n';
+}
+
+std::string viewpointLine(const SelectionReport& report) {
+  if (report.viewpoint.isEmpty()) return {};
+  std::string line = "  viewpoint: ";
+  if (report.viewpoint != report.viewpointBefore) {
+    line += shownState(report.viewpointBefore) + " -> ";
+  }
+  return line + escaped(report.viewpoint) + '\n';
+}
+
+/** The lines of the variants and of the viewpoint that changed, or that did not. */
+std::string lines(const SelectionReport& report, bool changed) {
+  std::string text;
+  for (const VariantChange& one : report.variants) {
+    if (hasChanged(one) == changed) text += lineOf(one);
+  }
+  const bool viewpointChanged = report.viewpoint != report.viewpointBefore;
+  return viewpointChanged == changed ? text + viewpointLine(report) : text;
+}
+
+std::string animationLines(const SelectionReport& report) {
+  std::string text;
+  for (const std::string& name : report.animations) {
+    text += "  animation " + escaped(name) + ": started\n";
+  }
+  return text;
+}
+
+std::string section(const std::string& heading, const std::string& content) {
+  return content.empty() ? std::string() : '\n' + heading + '\n' + content;
+}
+
+/** The sets by name, then the single variants. */
+std::string selected(const SelectionReport& report) {
+  std::string text = escapedList(report.sets);
+  for (const StateRequest& one : report.states) {
+    text += (text.empty() ? "" : ", ") + (one.kind->name + (' ' + escaped(one.variant))) + " = " +
+            escaped(one.state);
+  }
+  return "Selected: " + text + '\n';
+}
+
+std::string heldBack(const SelectionReport& report) {
+  if (report.scriptsHeldBack == 0) return {};
+  const std::string count = std::to_string(report.scriptsHeldBack);
+  return count + (report.scriptsHeldBack == 1 ? " script was" : " scripts were") +
+         " held back; --allow-scripts lets scripts run";
+}
+
+}  // namespace
+
+std::string selectionJson(const SelectionReport& report) {
+  // The form has no place for it, and it must not go unsaid.
+  if (report.scriptsHeldBack) printDiagnostic(heldBack(report));
+  JsonWriter json;
+  json.object([&] {
+    json.key("selected");
+    json.list(report.sets);
+    json.key("states");
+    json.object([&] { writeStates(json, report); });
+    json.key("viewpoint");
+    report.viewpoint.isEmpty() ? json.null() : json.value(report.viewpoint);
+    json.key("animations");
+    json.list(report.animations);
+  });
+  return json.text() + '\n';
+}
+
+std::string selectionText(const SelectionReport& report) {
+  std::string text = selected(report);
+  const std::string changed = lines(report, true) + animationLines(report);
+  text += section("Changed", changed.empty() ? "  nothing\n" : changed);
+  text += section("Unchanged", lines(report, false));
+  const std::string held = heldBack(report);
+  return held.empty() ? text : text + '\n' + held + '\n';
+}

@@ -1,0 +1,124 @@
+#include "Workspace.h"
+
+#include <QFile>
+#include <limits>
+#include <string_view>
+
+#include "Diagnostics.h"
+#include "Failure.h"
+#include "Interrupt.h"
+#include "MessageTrace.h"
+#include "OutputFile.h"
+#include "document/kuVariantReader.h"
+#include "host/kernel/kuController.h"
+#include "standalone/gltf/SceneFile.h"
+#include "standalone/scene/Scene.h"
+#include "standalone/script/ScriptPolicy.h"
+
+using namespace kuStandalone;
+
+namespace {
+
+/** Qt's own remarks ("XDG_RUNTIME_DIR not set") are of no use to the user of a command. */
+void onQtMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {
+  if (type == QtCriticalMsg || type == QtFatalMsg) printDiagnostic(text.toStdString());
+}
+
+/** Qt keeps a reference to the count and to the arguments; ours are none of its business. */
+struct QtArguments {
+  int count = 1;
+  char name[11] = "kuvariants";
+  char* values[2] = {name, nullptr};
+};
+
+QtArguments& qtArguments() {
+  // The commands need no window, and without a display Qt would not start on any other platform.
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qInstallMessageHandler(onQtMessage);
+  static QtArguments arguments;
+  return arguments;
+}
+
+QByteArray readWhole(const std::string& path) {
+  const auto fail = [&](const QString& reason) {
+    throw Failure{ExitCode::InputNotValid, "cannot read document", path, reason.toStdString()};
+  };
+  QFile file(QFile::decodeName(path.c_str()));
+  if (!file.open(QIODevice::ReadOnly)) fail(file.errorString());
+  constexpr qint64 most = std::numeric_limits<int>::max() / 2;
+  if (file.size() > most) fail(QStringLiteral("larger than 1 GiB"));
+  const QByteArray text = file.readAll();
+  if (file.error() != QFileDevice::NoError) fail(file.errorString());
+  return text;
+}
+
+const char* prefixOf(LogLevel level) {
+  switch (level) {
+    case LogLevel::Error:
+      return "error: ";
+    case LogLevel::Warning:
+      return "warning: ";
+    case LogLevel::Info:
+      break;
+  }
+  return "";
+}
+
+void savePresentScene(const std::string& path) {
+  if (OutputFile::isSpecial(path)) {
+    throw Failure{ExitCode::OutputNotWritten, "cannot write", path, "not a regular file"};
+  }
+  const SceneSaveResult result = saveScene(Scene::the(), path);
+  if (result.status == SceneSaveResult::Status::Saved) return;
+  throw Failure{ExitCode::OutputNotWritten, "cannot write", result.error, ""};
+}
+
+}  // namespace
+
+Workspace::Workspace(const CommonOptions& options)
+    : _application(qtArguments().count, qtArguments().values),
+      _log([this](LogLevel level, const std::string& text) { log(level, text); }),
+      _tracePath(options.trace) {
+  ScriptPolicy::allow(options.allowScripts);
+  if (_tracePath) _trace = std::make_unique<MessageTrace>();
+}
+
+Workspace::~Workspace() {
+  _trace.reset();
+  kuController::call("clearAllVariants", 1);
+}
+
+void Workspace::log(LogLevel level, const std::string& text) {
+  // The reader answers nothing: that it failed shows in the log alone.
+  constexpr std::string_view readError = "Error loading variants: ";
+  if (level == LogLevel::Error && text.compare(0, readError.size(), readError) == 0) {
+    _readError = text.substr(readError.size());
+  } else {
+    printDiagnostic(prefixOf(level) + text);
+  }
+}
+
+void Workspace::loadScene(const std::string& path) {
+  SceneLoadResult result = kuStandalone::loadScene(path);
+  for (const std::string& warning : result.warnings)
+    printDiagnostic("warning: " + warning);
+  if (result.status != SceneLoadResult::Status::Loaded) {
+    throw Failure{ExitCode::InputNotValid, "cannot read scene", result.error, ""};
+  }
+  Scene::install(std::move(result.scene));
+}
+
+void Workspace::loadDocument(const std::string& path) {
+  const QByteArray text = readWhole(path);
+  kuVariantReader().read(text.constData());
+  if (_readError.empty()) return;
+  throw Failure{ExitCode::InputNotValid, "cannot read document", path, _readError};
+}
+
+void Workspace::save(const std::optional<std::string>& scenePath) {
+  const Interrupt::Deferred untilInPlace;
+  std::optional<OutputFile> trace;
+  if (_trace) trace.emplace(*_tracePath).prepare(_trace->lines());
+  if (scenePath) savePresentScene(*scenePath);
+  if (trace) trace->put();
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QApplication>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "CommandLine.h"
+#include "standalone/StandaloneHost.h"
+#include "standalone/kernel/LogSink.h"
+
+class MessageTrace;
+
+/**
+ * The running application around one command: Qt without a window, the host, the log on standard
+ * error, the trace. One per process; at its end the manager is emptied.
+ */
+class Workspace {
+ public:
+  explicit Workspace(const CommonOptions& options);
+  ~Workspace();
+  Workspace(const Workspace&) = delete;
+  Workspace& operator=(const Workspace&) = delete;
+
+  /** Loads a scene in the place of the present one, or throws a Failure. */
+  void loadScene(const std::string& path);
+
+  /** Reads a variants document into the manager, or throws a Failure. */
+  void loadDocument(const std::string& path);
+
+  /**
+   * Writes the trace, and the present scene where a file for it is named, or throws a Failure; a
+   * file that could not be written is as it was.
+   */
+  void save(const std::optional<std::string>& scenePath);
+
+ private:
+  void log(kuStandalone::LogLevel level, const std::string& text);
+
+  QApplication _application;
+  kuStandalone::StandaloneHost _host;
+  kuStandalone::LogSink _log;
+  std::optional<std::string> _tracePath;
+  std::unique_ptr<MessageTrace> _trace;
+  /** What the reader of documents told as its error; empty if there was none. */
+  std::string _readError;
+};

@@ -1,0 +1,45 @@
+#include <exception>
+
+#include "CommandLine.h"
+#include "Diagnostics.h"
+#include "Failure.h"
+#include "Interrupt.h"
+#include "Output.h"
+#include "Workspace.h"
+
+namespace {
+
+void run(int argc, char** argv) {
+  Output output;
+  Invocation invocation;
+  if (!readCommandLine(argc, argv, invocation, output)) return;
+  Workspace workspace(invocation.common);
+  workspace.loadScene(invocation.scene);
+  if (invocation.document) workspace.loadDocument(*invocation.document);
+  const std::string text = invocation.run(invocation);
+  workspace.save(invocation.saveScene);
+  output.write(text);
+}
+
+std::string lineOf(const Failure& failure) {
+  std::string line = failure.what + ": " + failure.where;
+  if (!failure.reason.empty()) line += ": " + failure.reason;
+  return line;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  Interrupt::install();
+  ExitCode code = ExitCode::Done;
+  try {
+    run(argc, argv);
+  } catch (const Failure& failure) {
+    printDiagnostic(lineOf(failure));
+    code = failure.code;
+  } catch (const std::exception& error) {
+    printDiagnostic(std::string("cannot go on: ") + error.what());
+    code = ExitCode::InputNotValid;
+  }
+  return static_cast<int>(code);
+}

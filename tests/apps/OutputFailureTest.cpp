@@ -1,0 +1,133 @@
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+
+#include "CliTest.h"
+
+using ::testing::AllOf;
+using ::testing::EndsWith;
+using ::testing::SizeIs;
+using ::testing::StartsWith;
+
+namespace {
+
+const QStringList select = {"select", "car.gltf", "car.xml", "Summer"};
+
+class OutputFailureTest : public CliTest {
+ protected:
+  void expectNotWritten(const CliResult& result, const char* where, const char* reason) {
+    EXPECT_EQ(result.code, 5);
+    EXPECT_EQ(result.out, "");
+    EXPECT_THAT(linesOf(result.err), SizeIs(1));
+    EXPECT_THAT(result.err,
+                AllOf(StartsWith(std::string("kuvariants: cannot write: ") + where + ": "),
+                      EndsWith(std::string(reason) + "\n")));
+  }
+  void expectNotWritten(const QStringList& option, const char* where, const char* reason) {
+    const QStringList before = files();
+    expectNotWritten(run(select + option), where, reason);
+    EXPECT_EQ(files(), before);
+  }
+};
+
+TEST_F(OutputFailureTest, FullDeviceAsStandardOutput) {
+  for (const QStringList& arguments :
+       {QStringList{"--help"}, QStringList{"--version"}, QStringList{"scene", "car.gltf"},
+        QStringList{"list", "car.gltf", "car.xml", "--json"}, select}) {
+    expectNotWritten(runInShell("", arguments, ">/dev/full"), "standard output",
+                     "No space left on device");
+  }
+}
+
+TEST_F(OutputFailureTest, ClosedStandardOutput) {
+  expectNotWritten(runInShell("", select, ">&-"), "standard output", "Bad file descriptor");
+}
+
+TEST_F(OutputFailureTest, ClosedPipeAsStandardOutput) {
+  QProcess process;
+  process.setWorkingDirectory(folder.path());
+  process.start(
+      "/bin/sh",
+      QStringList{"-c", "{ \"$0\" \"$@\"; echo $? >code; } | :", KUVARIANTS_EXECUTABLE} + select);
+  CliResult result = finish(process);
+  result.code = std::stoi(read("code"));
+  expectNotWritten(result, "standard output", "Broken pipe");
+}
+
+TEST_F(OutputFailureTest, ClosedStandardErrorDoesNotMixWithFiles) {
+  const CliResult result =
+      runInShell("", select + QStringList{"--trace", "trace.jsonl"}, "<&- 2>&-");
+  EXPECT_EQ(result.code, 0);
+  for (const std::string& line : linesOf(read("trace.jsonl"))) {
+    EXPECT_THAT(line, StartsWith("{\"message\": \""));
+  }
+}
+
+TEST_F(OutputFailureTest, TraceIntoAMissingFolder) {
+  expectNotWritten(QStringList{"--trace", "none/trace.jsonl"}, "none/trace.jsonl",
+                   "No such file or directory");
+}
+
+TEST_F(OutputFailureTest, TraceBelowAFile) {
+  expectNotWritten(QStringList{"--trace", "car.xml/trace"}, "car.xml/trace", "Not a directory");
+}
+
+TEST_F(OutputFailureTest, FolderAsTrace) {
+  expectNotWritten(QStringList{"--trace", "."}, ".", "directory");
+}
+
+TEST_F(OutputFailureTest, TraceThatDoesNotFitLeavesTheFormerOne) {
+  write("trace.jsonl", "former\n");
+  const QStringList before = files();
+  expectNotWritten(runInShell("ulimit -f 0", select + QStringList{"--trace", "trace.jsonl"}, ""),
+                   "trace.jsonl", "File too large");
+  EXPECT_EQ(read("trace.jsonl"), "former\n");
+  EXPECT_EQ(files(), before);
+}
+
+TEST_F(OutputFailureTest, FullDeviceAsTraceStaysADevice) {
+  // A node of our own: it must not be the system's that a failure of this test replaces.
+  const QByteArray full = folder.filePath("full").toUtf8();
+  if (mknod(full.constData(), S_IFCHR | 0666, makedev(1, 7)) != 0) GTEST_SKIP() << "needs rights";
+  const CliResult result = run(select + QStringList{"--trace", "full"});
+  expectNotWritten(result, "full", "");
+  struct stat status {};
+  ASSERT_EQ(stat(full.constData(), &status), 0);
+  EXPECT_TRUE(S_ISCHR(status.st_mode));
+}
+
+TEST_F(OutputFailureTest, SceneIntoAMissingFolder) {
+  expectNotWritten(QStringList{"--save-scene", "none/saved.gltf"}, "none/saved.gltf",
+                   "No such file or directory");
+}
+
+TEST_F(OutputFailureTest, SceneBelowAFile) {
+  expectNotWritten(QStringList{"--save-scene", "car.xml/saved.gltf"}, "car.xml/saved.gltf",
+                   "Not a directory");
+}
+
+TEST_F(OutputFailureTest, FolderAsScene) {
+  expectNotWritten(QStringList{"--save-scene", "."}, ".", "directory");
+}
+
+TEST_F(OutputFailureTest, PipeAsSceneIsRefusedAndStaysAPipe) {
+  const QByteArray pipe = folder.filePath("pipe").toUtf8();
+  ASSERT_EQ(mkfifo(pipe.constData(), 0600), 0);
+  expectNotWritten(QStringList{"--save-scene", "pipe"}, "pipe", "not a regular file");
+  struct stat status {};
+  ASSERT_EQ(stat(pipe.constData(), &status), 0);
+  EXPECT_TRUE(S_ISFIFO(status.st_mode));
+}
+
+TEST_F(OutputFailureTest, SceneThatDoesNotFitLeavesTheFormerOneAndNoTrace) {
+  write("saved.gltf", "former\n");
+  const QStringList before = files();
+  // Room for the trace, which has some 2 kB, and not for the scene.
+  expectNotWritten(
+      runInShell("ulimit -f 5",
+                 select + QStringList{"--save-scene", "saved.gltf", "--trace", "trace.jsonl"}, ""),
+      "saved.gltf", "");
+  EXPECT_EQ(read("saved.gltf"), "former\n");
+  EXPECT_EQ(files(), before);
+}
+
+}  // namespace
