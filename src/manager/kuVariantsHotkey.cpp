@@ -7,7 +7,9 @@ void kuVariants::mapHotkey(const QString& hotkey, int& key,
   constexpr unsigned keyBits = 0x1FFFFFF;
   constexpr unsigned modifierBits = 0xFE000000;
   const QKeySequence sequence(hotkey, QKeySequence::NativeText);
-  const unsigned combination = sequence.isEmpty() ? 0 : static_cast<unsigned>(sequence[0]);
+  // A text that cannot be read comes back as the unknown key, which no keyboard has.
+  const bool readable = !sequence.isEmpty() && sequence[0] != Qt::Key_unknown;
+  const unsigned combination = readable ? static_cast<unsigned>(sequence[0]) : 0;
   key = static_cast<int>(combination & keyBits);
   modifier = QFlags<Qt::KeyboardModifier>(static_cast<int>(combination & modifierBits));
 }

@@ -17,22 +17,23 @@ void write(std::ostream& script, const char* type, const osg::Vector<float, 3>& 
   script << type << "(" << value[0] << ", " << value[1] << ", " << value[2] << ")";
 }
 
-void run(const std::string& script) {
-  kuScript::executeNUS(script.c_str(), kuConnector::the()->syncVariants());
-}
-
 }  // namespace
 
 void kuAnalyzerVariant::execute() {
-  if (clipState == Disable) return run("enableClippingPlane(false)\n");
-  if (clipState != Enable && clipState != MoveOnly) return;
+  const std::string text = script();
+  if (!text.empty()) kuScript::executeNUS(text.c_str(), kuConnector::the()->syncVariants());
+}
 
-  std::ostringstream script;
+std::string kuAnalyzerVariant::script() const {
+  if (clipState == Disable) return "enableClippingPlane(false)\n";
+  if (clipState != Enable && clipState != MoveOnly) return {};
+
+  std::ostringstream text;
   // The interpreter reads numbers with a point, whatever language the application speaks.
-  script.imbue(std::locale::classic());
-  writePlane(script);
-  if (clipState == Enable) writeVisualization(script);
-  run(script.str());
+  text.imbue(std::locale::classic());
+  writePlane(text);
+  if (clipState == Enable) writeVisualization(text);
+  return text.str();
 }
 
 // No blank behind the commas between the arguments, though there is one inside the vectors.

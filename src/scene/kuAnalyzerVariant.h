@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <string>
 
 #include "host/osg/Vector.h"
 #include "model/kuVariant.h"
@@ -22,6 +23,8 @@ class KUVARIANTS_EXPORT kuAnalyzerVariant : public kuVariant {
   friend class kuVariantSet;
   friend struct kuVariantsTestAccess;
 
+  /** What the clipping state asks for; empty where it asks for nothing. */
+  std::string script() const;
   void writePlane(std::ostream& script) const;
   void writeVisualization(std::ostream& script) const;
 
