@@ -4,6 +4,9 @@
 
 #include "scene/kuAnalyzerVariant.h"
 #include "scene/kuLightVariant.h"
+#include "scene/kuMaterialVariant.h"
+#include "scene/kuNodeVariant.h"
+#include "scene/kuOverlayVariant.h"
 
 /**
  * The one door by which tests reach what the library keeps private. A test that needs a private
@@ -20,4 +23,18 @@ struct kuVariantsTestAccess {
   }
   static std::string clippingScript(const kuAnalyzerVariant& settings) { return settings.script(); }
   static QString lightPath(const osg::NodePtr& node) { return kuLightVariant::getNodePath(node); }
+  static void recurseEnable(const osg::NodePtr& node) { kuNodeVariant().recurseEnable(node); }
+  static QString nodePath(const osg::NodePtr& node) { return kuNodeVariant().getNodePath(node); }
+  static QString overlayPath(const osg::NodePtr& node) {
+    return kuOverlayVariant().getNodePath(node);
+  }
+  static void callNodesChanged(const osg::NodePtr& node, kuMessage& message) {
+    kuNodeVariant().callVariantsNodesChanged(node, message);
+  }
+  static void callOverlaysChanged(const osg::NodePtr& node, kuMessage& message) {
+    kuOverlayVariant().callVariantsNodesChanged(node, message);
+  }
+  static int presentState(const osg::MaterialPtr& material) {
+    return kuMaterialVariant().getCurrentState(material);
+  }
 };
