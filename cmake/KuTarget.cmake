@@ -10,6 +10,10 @@ function(ku_target name)
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
     -Wcast-qual -Wformat=2 -Wundef
     $<$<BOOL:${KU_WARNINGS_AS_ERRORS}>:-Werror>)
+  if(KU_BUILD_FUZZ)
+    # Coverage counters, by which the fuzzer sees into the libraries too.
+    target_compile_options(${name} PRIVATE -fsanitize=fuzzer-no-link)
+  endif()
   if(KU_SANITIZE)
     target_compile_options(${name} PRIVATE
       -fsanitize=${KU_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -7,7 +7,7 @@
 namespace {
 
 // By the value of the enumeration.
-constexpr QLatin1String Texts[] = {
+const QLatin1String Texts[] = {
     QLatin1String("!All"),         QLatin1String("!None"),     QLatin1String("!Enable"),
     QLatin1String("!Disable"),     QLatin1String("!Toggle"),   QLatin1String("!Next"),
     QLatin1String("!Next (Loop)"), QLatin1String("!Previous"), QLatin1String("!Previous (Loop)")};

@@ -19,7 +19,10 @@ kuVariant::~kuVariant() = default;
 void kuVariant::add(const QString& option, const QString& hotkey) { add(false, option, hotkey); }
 
 void kuVariant::add(bool action, const QString& option, const QString& hotkey) {
-  if (findOption(options, option) != options.end()) return;
+  if (findOption(options, option) == options.end()) append(action, option, hotkey);
+}
+
+void kuVariant::append(bool action, const QString& option, const QString& hotkey) {
   if (hotkey.isEmpty()) {
     options.emplace_back(action, option);
   } else {

@@ -69,6 +69,9 @@ class KUVARIANTS_EXPORT kuVariant {
   friend class kuNamedList;
   friend struct kuVariantsTestAccess;
 
+  /** Appends an option, for callers who know that there is none of that name. */
+  void append(bool action, const QString& option, const QString& hotkey);
+
   kuObservedName name;
   QString defaultState;
   std::vector<kuVariantOption> options;

@@ -6,22 +6,16 @@
 #include <vector>
 
 #include "host/kernel/kuController.h"
-#include "host/kernel/kuModuleBase.h"
-#include "host/kernel/kuScenegraph.h"
 #include "host/osg/EditCP.h"
-#include "host/osg/Geometry.h"
-#include "host/osg/MaterialGroup.h"
 #include "host/osg/SwitchMaterial.h"
 #include "host/utils/kuMaterials.h"
 #include "model/kuKeyword.h"
 #include "scene/kuOptionRebuild.h"
 #include "scene/kuSubTree.h"
+#include "scene/kuSwitchMaterials.h"
 #include "scene/kuVariantMessages.h"
 
 namespace {
-
-/** Tells the host's modules that a switch material was added to the pool. */
-constexpr std::int64_t SwitchMaterialAdded = 0x10000;
 
 using StateNames = std::vector<std::string>;
 
@@ -151,32 +145,6 @@ osg::SwitchMaterialPtr createSwitch(const QString& name, const osg::MaterialPtr&
   return created;
 }
 
-void enterIntoPool(const osg::MaterialPtr& material) {
-  const osg::MaterialPoolPtr pool = kuScenegraph::getMaterialPool();
-  const osg::EditCP edit(pool);
-  pool->add(material);
-}
-
-template <class CorePtr>
-bool setMaterial(const CorePtr& core, const osg::MaterialPtr& material) {
-  if (!core) return false;
-  const osg::EditCP edit(core);
-  core->setMaterial(material);
-  return true;
-}
-
-void replaceAt(const osg::NodeCorePtr& core, const osg::MaterialPtr& material) {
-  if (setMaterial(osg::MaterialGroupPtr::dcast(core), material)) return;
-  setMaterial(osg::GeometryPtr::dcast(core), material);
-}
-
-void replaceInScene(const osg::MaterialPtr& former, const osg::MaterialPtr& material) {
-  std::vector<kuNodePtr> users;
-  kuMaterials::getNodesWithMaterial(users, former);
-  for (const kuNodePtr& user : users)
-    replaceAt(user.getNode()->getCore(), material);
-}
-
 void takeOut(const osg::SwitchMaterialPtr& from, const osg::MaterialPtr& subMaterial) {
   const osg::EditCP edit(from, osg::MultiMaterialBase::MaterialsFieldMask);
   from->subMaterial(subMaterial);
@@ -221,10 +189,9 @@ void kuMaterialVariant::wrap(const osg::MaterialPtr& source) {
   kuAddStepKeywords(*this);
   add(sourceName, QString());
   setDefault(sourceName);
-  enterIntoPool(created);
-  replaceInScene(source, created);
-  kuMessage added(SwitchMaterialAdded);
-  kuModuleBase::sendMessage(added, false);
+  kuSwitchMaterials::enterIntoPool(created);
+  kuSwitchMaterials::replaceInScene(source, created);
+  kuSwitchMaterials::tellAdded();
 }
 
 bool kuMaterialVariant::isEditable() const { return editableSwitch(material) != osg::NullFC; }

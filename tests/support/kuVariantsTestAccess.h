@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QString>
 #include <string>
 
+#include "document/kuVariantReader.h"
 #include "scene/kuAnalyzerVariant.h"
 #include "scene/kuLightVariant.h"
 #include "scene/kuMaterialVariant.h"
@@ -36,5 +38,8 @@ struct kuVariantsTestAccess {
   }
   static int presentState(const osg::MaterialPtr& material) {
     return kuMaterialVariant().getCurrentState(material);
+  }
+  static QString normalizeHotkeyText(const QString& text) {
+    return kuVariantReader::normalizeHotkeyText(text);
   }
 };

@@ -1,0 +1,50 @@
+// Any bytes as a variants document: read, and read again over what came of it. What passes the look
+// at the bytes must hold no entities and no deep nesting once it is parsed.
+
+#include <QDomDocument>
+#include <QGuiApplication>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "document/kuDocumentFault.h"
+#include "document/kuVariantReader.h"
+#include "host/kernel/kuController.h"
+#include "standalone/StandaloneHost.h"
+
+extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  // These last until the process ends, as the fuzzer calls no exit of ours.
+  static const auto* application = new QGuiApplication(*argc, *argv);
+  static const auto* host = new kuStandalone::StandaloneHost;
+  return application && host ? 0 : 1;
+}
+
+namespace {
+
+int depthOf(const QDomElement& element) {
+  int deepest = 0;
+  QDomElement child = element.firstChildElement();
+  for (; !child.isNull(); child = child.nextSiblingElement())
+    deepest = std::max(deepest, depthOf(child));
+  return deepest + 1;
+}
+
+void check(bool held) {
+  if (!held) std::abort();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string text = std::string(reinterpret_cast<const char*>(data), size).c_str();
+  kuVariantReader reader;
+  reader.read(text.c_str());
+  reader.read(text.c_str());
+  kuController::call("clearAllVariants", 1);
+  QDomDocument parsed;
+  if (kuFindDocumentFault(text) || !parsed.setContent(QByteArray(text.c_str()), false)) return 0;
+  check(parsed.doctype().entities().isEmpty());
+  check(depthOf(parsed.documentElement()) <= 500);
+  return 0;
+}
