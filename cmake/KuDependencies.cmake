@@ -13,7 +13,6 @@ target_link_libraries(KuPython INTERFACE
   Boost::python${Python3_VERSION_MAJOR}${Python3_VERSION_MINOR} Python3::Python)
 
 find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Xml)
-find_package(TinyGLTF REQUIRED)
 find_package(CLI11 REQUIRED)
 
 if(KU_BUILD_TESTS)
