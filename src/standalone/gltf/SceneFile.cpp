@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include "standalone/gltf/GltfJson.h"
+#include "standalone/gltf/GltfSource.h"
 #include "standalone/gltf/MaterialReader.h"
 #include "standalone/gltf/NodeReader.h"
 
@@ -52,6 +53,9 @@ SceneLoadResult build(const QByteArray& bytes, const SceneLimits& limits) {
   readExtras(presentScene(root).value("extras").toObject(), *scene);
   result.warnings = std::move(reader.warnings);
   noteWhatIsLeftAlone(root, result.warnings);
+  auto source = std::make_shared<GltfSource>();
+  source->root = root;
+  scene->source = std::move(source);
   result.scene = std::move(scene);
   result.status = Status::Loaded;
   return result;
