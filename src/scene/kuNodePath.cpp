@@ -1,18 +1,18 @@
 #include "scene/kuNodePath.h"
 
 #include <boost/container/small_vector.hpp>
-#include <cstring>
+#include <string_view>
 
 #include "host/utils/kuNodeUtils.h"
 
 std::string kuNodePath(osg::NodePtr node, const osg::NodePtr& root) {
-  boost::container::small_vector<const char*, 16> names;
+  boost::container::small_vector<std::string_view, 16> names;
   std::size_t length = 0;
   for (; node && node != root; node = node->getParent()) {
-    const char* name = kuNodeUtils::getName(node);
-    if (std::strcmp(name, "Root") == 0) break;
+    const std::string_view name = kuNodeUtils::getName(node);
+    if (name == "Root") break;
     names.push_back(name);
-    length += std::strlen(name) + 1;
+    length += name.size() + 1;
   }
   std::string path;
   path.reserve(length);

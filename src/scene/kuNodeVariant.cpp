@@ -16,6 +16,7 @@
 #include "host/utils/kuNodeUtils.h"
 #include "manager/kuVariants.h"
 #include "model/kuKeyword.h"
+#include "model/kuUtf8.h"
 #include "scene/kuNodePath.h"
 #include "scene/kuNodeStates.h"
 #include "scene/kuOptionRebuild.h"
@@ -109,9 +110,16 @@ unsigned transformNumber(const std::string& state) {
 class kuNodeVariant::Selection {
  public:
   Selection(const QString& variantName, const QString& state)
-      : _variantName(variantName.toStdString()),
-        _state(state.toStdString()),
+      : _variant(variantName),
+        _variantName(kuUtf8(variantName)),
+        _state(kuUtf8(state)),
         _keyword(kuKeywordOf(state)) {}
+
+  /** The nodes of that name, which is converted only if it is not the variant's own. */
+  std::vector<kuNodePtr> nodesOf(const QString& node) const {
+    if (node == _variant) return kuScenegraph::findNodes(_variantName.c_str());
+    return kuScenegraph::findNodes(kuUtf8(node).c_str());
+  }
 
   void applyTo(const osg::NodePtr& node);
 
@@ -126,6 +134,7 @@ class kuNodeVariant::Selection {
   /** Whether it is the first time that the core is met: clones share one, and it steps once. */
   bool isFirstVisit(const osg::NodeCorePtr& core) { return _visited.insert(core).second; }
 
+  const QString _variant;
   const std::string _variantName;
   const std::string _state;
   const kuKeyword _keyword;
@@ -265,7 +274,8 @@ void kuNodeVariant::onSelect(const QString& state) {
   // is read.
   void* const self = static_cast<kuVariant*>(this);
   Selection selection(getName(), state);
-  for (const kuNodePtr& found : nodesOf(node))
+  const std::vector<kuNodePtr> nodes = selection.nodesOf(node);
+  for (const kuNodePtr& found : nodes)
     selection.applyTo(found);
   kuSendVariantSelected("nodeVariantSelected", self);
 }

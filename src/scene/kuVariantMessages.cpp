@@ -29,6 +29,7 @@ ShownNodes shownChildren(const osg::Switch& core, const osg::Node& node) {
                  choice);
     return shown;
   }
+  shown.visible.reserve(1);
   shown.invisible.reserve(count);
   for (unsigned i = 0; i < count; ++i) {
     auto& names = int(i) == choice ? shown.visible : shown.invisible;

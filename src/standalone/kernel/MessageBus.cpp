@@ -21,11 +21,14 @@ void MessageBus::remove(std::string_view name, Callback callback) {
 }
 
 bool MessageBus::deliver(std::string_view name, kuMessage* record, int mode) {
-  kuMessage none;
-  kuMessage& message = record ? *record : none;
-  if (!_watchers.empty()) show({std::string(name), mode, record != nullptr, &message});
+  if (!_watchers.empty()) {
+    const kuMessage none;
+    show({std::string(name), mode, record != nullptr, record ? record : &none});
+  }
   const auto found = _receivers.find(name, TextHash(), TextEqual());
   if (found == _receivers.end() || found->second.empty()) return false;
+  kuMessage none;
+  kuMessage& message = record ? *record : none;
   found->second.each([&message](Callback callback) { callback(message); });
   return true;
 }
