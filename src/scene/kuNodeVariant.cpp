@@ -110,20 +110,19 @@ unsigned transformNumber(const std::string& state) {
 class kuNodeVariant::Selection {
  public:
   Selection(const QString& variantName, const QString& state)
-      : _variant(variantName),
-        _variantName(kuUtf8(variantName)),
-        _state(kuUtf8(state)),
-        _keyword(kuKeywordOf(state)) {}
+      : _variantName(kuUtf8(variantName)), _state(kuUtf8(state)), _keyword(kuKeywordOf(state)) {}
 
-  /** The nodes of that name, which is converted only if it is not the variant's own. */
-  std::vector<kuNodePtr> nodesOf(const QString& node) const {
-    if (node == _variant) return kuScenegraph::findNodes(_variantName.c_str());
-    return kuScenegraph::findNodes(kuUtf8(node).c_str());
+  /** Applies the state to each of the nodes in turn. */
+  void applyTo(const std::vector<kuNodePtr>& nodes) {
+    _clonesMayFollow = nodes.size() > 1;
+    for (const kuNodePtr& node : nodes)
+      applyTo(node);
   }
 
-  void applyTo(const osg::NodePtr& node);
+  const std::string& variantName() const { return _variantName; }
 
  private:
+  void applyTo(const osg::NodePtr& node);
   void setVisibility(const osg::NodePtr& node, kuMessage& message) const;
   void show(const osg::NodePtr& node, kuMessage& message) const;
   void hide(const osg::NodePtr& node, kuMessage& message) const;
@@ -132,12 +131,14 @@ class kuNodeVariant::Selection {
   void switchChild(const osg::SwitchPtr& core, const osg::NodePtr& node, kuMessage& message);
   std::optional<int> newChild(const osg::Switch& core, const osg::Node& node) const;
   /** Whether it is the first time that the core is met: clones share one, and it steps once. */
-  bool isFirstVisit(const osg::NodeCorePtr& core) { return _visited.insert(core).second; }
+  bool isFirstVisit(const osg::NodeCorePtr& core) {
+    return !_clonesMayFollow || _visited.insert(core).second;
+  }
 
-  const QString _variant;
   const std::string _variantName;
   const std::string _state;
   const kuKeyword _keyword;
+  bool _clonesMayFollow = false;
   boost::container::small_flat_set<osg::NodeCorePtr, 4> _visited;
 };
 
@@ -274,9 +275,11 @@ void kuNodeVariant::onSelect(const QString& state) {
   // is read.
   void* const self = static_cast<kuVariant*>(this);
   Selection selection(getName(), state);
-  const std::vector<kuNodePtr> nodes = selection.nodesOf(node);
-  for (const kuNodePtr& found : nodes)
-    selection.applyTo(found);
+  // Mostly the nodes bear the variant's own name, which is converted already.
+  const bool ownName = node == getName();
+  const std::string otherName = ownName ? std::string() : kuUtf8(node);
+  const std::string& nodeName = ownName ? selection.variantName() : otherName;
+  selection.applyTo(kuScenegraph::findNodes(nodeName.c_str()));
   kuSendVariantSelected("nodeVariantSelected", self);
 }
 
