@@ -58,4 +58,53 @@ TEST(kuVariantOptionTest, SetHotkeyKeepsTheTextAndReplacesTheShortcut) {
   EXPECT_EQ(option.getShortcutModifier(), 0);
 }
 
+TEST(kuVariantOptionTest, ConstructorsWithoutAHotkeyLeaveTheShortcutAtZero) {
+  const kuVariantOption named(QString("Open"));
+  const kuVariantOption step(true, QString("!Next"));
+  EXPECT_EQ(named.getName(), "Open");
+  EXPECT_FALSE(named.getAction());
+  EXPECT_EQ(step.getName(), "!Next");
+  EXPECT_TRUE(step.getAction());
+  for (const kuVariantOption* option : {&named, &step}) {
+    EXPECT_EQ(option->getHotkey(), "");
+    EXPECT_EQ(option->getShortcutKey(), 0);
+    EXPECT_EQ(option->getShortcutModifier(), 0);
+  }
+}
+
+TEST(kuVariantOptionTest, TheActionFlagOfEveryConstructorIsTheOneGiven) {
+  EXPECT_FALSE(kuVariantOption(false, QString("Open")).getAction());
+  EXPECT_FALSE(kuVariantOption(false, QString("Open"), QString("A")).getAction());
+  EXPECT_TRUE(kuVariantOption(true, QString("Open"), QString("A")).getAction());
+}
+
+TEST(kuVariantOptionTest, OfTwoLiteralsTheFirstIsTakenForAFlag) {
+  const kuVariantOption option("Open", "A");
+  EXPECT_TRUE(option.getAction());
+  EXPECT_EQ(option.getName(), "A");
+  EXPECT_EQ(option.getHotkey(), "");
+  EXPECT_EQ(option.getShortcutKey(), 0);
+}
+
+TEST(kuVariantOptionTest, NameAndActionChangeNothingElse) {
+  kuVariantOption option(QString("Open"), QString("Ctrl+A"));
+  option.setName("Shut");
+  option.setAction(true);
+  EXPECT_EQ(option.getName(), "Shut");
+  EXPECT_TRUE(option.getAction());
+  option.setAction(false);
+  EXPECT_FALSE(option.getAction());
+  EXPECT_EQ(option.getHotkey(), "Ctrl+A");
+  EXPECT_EQ(option.getShortcutKey(), Qt::Key_A);
+  EXPECT_EQ(option.getShortcutModifier(), Qt::ControlModifier);
+}
+
+TEST(kuVariantOptionTest, SetHotkeyOfSeveralCombinationsKeepsAllTextAndTheFirstShortcut) {
+  kuVariantOption option(QString("Open"));
+  option.setHotkey("Alt+B, Ctrl+C");
+  EXPECT_EQ(option.getHotkey(), "Alt+B, Ctrl+C");
+  EXPECT_EQ(option.getShortcutKey(), Qt::Key_B);
+  EXPECT_EQ(option.getShortcutModifier(), Qt::AltModifier);
+}
+
 }  // namespace

@@ -1,7 +1,10 @@
 #include "model/kuVariant.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include <memory>
+
+#include "manager/kuVariants.h"
+#include "scene/kuNodeVariant.h"
+#include "support/VariantsTest.h"
 
 using ::testing::ElementsAre;
 
@@ -107,6 +110,121 @@ TEST(kuVariantTest, CopyHasNameDefaultAndOptions) {
   EXPECT_EQ(copy.getName(), "Roof");
   EXPECT_EQ(copy.getDefault(), "Open");
   EXPECT_THAT(names(copy), ElementsAre("Open"));
+}
+
+TEST(kuVariantTest, NewOneIsEmpty) {
+  const kuVariant variant;
+  EXPECT_EQ(variant.getName(), "");
+  EXPECT_EQ(variant.getDefault(), "");
+  EXPECT_TRUE(variant.getOptions().empty());
+}
+
+TEST(kuVariantTest, AddTakesTheActionFlagGivenAndNoneMeansAState) {
+  kuVariant variant;
+  variant.add("Open", "A");
+  variant.add(false, "Shut", "B");
+  variant.add(true, "!Next", "Ctrl+N");
+  EXPECT_THAT(names(variant), ElementsAre("Open", "Shut", "!Next"));
+  EXPECT_FALSE(variant.isAction("Open"));
+  EXPECT_FALSE(variant.isAction("Shut"));
+  EXPECT_TRUE(variant.isAction("!Next"));
+  EXPECT_EQ(variant.find("!Next")->getHotkey(), "Ctrl+N");
+  EXPECT_EQ(variant.find("!Next")->getShortcutModifier(), Qt::ControlModifier);
+}
+
+TEST(kuVariantTest, NamesCompareExactly) {
+  kuVariant variant;
+  variant.add("Open", "");
+  variant.add("open", "");
+  EXPECT_THAT(names(variant), ElementsAre("Open", "open"));
+  EXPECT_EQ(variant.find("OPEN"), nullptr);
+  variant.remove("open");
+  EXPECT_THAT(names(variant), ElementsAre("Open"));
+}
+
+TEST(kuVariantTest, RemoveTakesTheFirstOfThatNameAlone) {
+  kuVariant variant;
+  variant.add("A", "F1");
+  variant.add("B", "F2");
+  variant.find("B")->setName("A");
+  variant.setDefault(QString("A"));
+  variant.remove("A");
+  ASSERT_THAT(names(variant), ElementsAre("A"));
+  EXPECT_EQ(variant.find("A")->getHotkey(), "F2");
+  EXPECT_EQ(variant.getDefault(), "A");
+}
+
+TEST(kuVariantTest, AnOptionWithoutNameCanBeRemoved) {
+  kuVariant variant;
+  variant.add("", "");
+  variant.add("", "A");
+  EXPECT_THAT(names(variant), ElementsAre(""));
+  variant.remove("");
+  EXPECT_TRUE(variant.getOptions().empty());
+}
+
+TEST(kuVariantTest, RenameInformsNobody) {
+  const MessageRecorder messages;
+  kuVariant variant;
+  variant.setName("Roof");
+  variant.setName("Door");
+  EXPECT_EQ(variant.getName(), "Door");
+  EXPECT_TRUE(messages.lines().empty());
+}
+
+TEST(kuVariantTest, AssignmentReplacesNameDefaultAndOptions) {
+  kuVariant variant, other;
+  variant.setName("Roof");
+  variant.add("Open", "A");
+  variant.setDefault(QString("Open"));
+  other.setName("Door");
+  other.add("Left", "");
+  other = variant;
+  EXPECT_EQ(other.getName(), "Roof");
+  EXPECT_EQ(other.getDefault(), "Open");
+  ASSERT_THAT(names(other), ElementsAre("Open"));
+  EXPECT_EQ(other.find("Open")->getHotkey(), "A");
+  other.setName("Door");
+  other.clear();
+  EXPECT_EQ(variant.getName(), "Roof");
+  EXPECT_THAT(names(variant), ElementsAre("Open"));
+}
+
+TEST(kuVariantTest, DeletedThroughItsBaseTheDerivedPartGoesToo) {
+  class Telling : public kuVariant {
+   public:
+    explicit Telling(bool& gone) : _gone(gone) {}
+    ~Telling() override { _gone = true; }
+
+   private:
+    bool& _gone;
+  };
+  bool gone = false;
+  std::unique_ptr<kuVariant>(std::make_unique<Telling>(gone)).reset();
+  EXPECT_TRUE(gone);
+}
+
+using ListedVariantTest = VariantsTest;
+
+TEST_F(ListedVariantTest, AssignmentOverAListedVariantKeepsLookUpsRight) {
+  kuVariant* roof = kuVariants::createNodeVariant("Roof", false);
+  kuVariant* door = kuVariants::createNodeVariant("Door", false);
+  kuVariant other;
+  other.setName("Hood");
+  *roof = other;
+  EXPECT_EQ(kuVariants::findNodeVariant("Roof"), nullptr);
+  EXPECT_EQ(kuVariants::findNodeVariant("Hood"), roof);
+  *roof = *roof;
+  EXPECT_EQ(kuVariants::findNodeVariant("Hood"), roof);
+  other.setName("Wheel");  // the value is not tied to the list
+  EXPECT_EQ(kuVariants::findNodeVariant("Wheel"), nullptr);
+  roof->setName("Roof");  // the variant still is
+  EXPECT_EQ(kuVariants::findNodeVariant("Roof"), roof);
+  *roof = *door;  // the first of a name is found
+  EXPECT_EQ(kuVariants::findNodeVariant("Door"), roof);
+  EXPECT_EQ(kuVariants::findNodeVariant("Roof"), nullptr);
+  kuVariants::removeNodeVariant("Door");
+  EXPECT_EQ(kuVariants::findNodeVariant("Door"), door);
 }
 
 }  // namespace

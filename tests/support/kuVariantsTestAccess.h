@@ -4,6 +4,7 @@
 #include <string>
 
 #include "document/kuVariantReader.h"
+#include "model/kuVariantSet.h"
 #include "scene/kuAnalyzerVariant.h"
 #include "scene/kuLightVariant.h"
 #include "scene/kuMaterialVariant.h"
@@ -42,4 +43,5 @@ struct kuVariantsTestAccess {
   static QString normalizeHotkeyText(const QString& text) {
     return kuVariantReader::normalizeHotkeyText(text);
   }
+  static int& animationCursor(kuVariantSet& set) { return set.animationCursor; }
 };
