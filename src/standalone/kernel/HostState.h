@@ -23,6 +23,10 @@ struct KUHOST_EXPORT HostState {
   std::uint64_t findCacheOpenings = 0;
   /** The answer of kuConnector::syncVariants. */
   bool syncVariants = false;
+  /** Calls of kuScript::executeNUS, and the flag of the last one. There are no partners here, so
+   * the flag has no effect. */
+  std::uint64_t scriptCommands = 0;
+  bool lastScriptCommandSync = false;
   /** The application's main window; null while it has none. */
   QMainWindow* mainWindow = nullptr;
 };

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "host/kernel/kuLog.h"
+#include "standalone/kernel/HostState.h"
 #include "standalone/script/CommandText.h"
 #include "standalone/script/LogText.h"
 #include "standalone/script/ScriptInterpreter.h"
@@ -79,7 +80,12 @@ const char* orEmpty(const char* code) { return code ? code : ""; }
 
 bool kuScript::run(const char* code) { return perform(orEmpty(code), Py_file_input).has_value(); }
 
-bool kuScript::executeNUS(const char* code, bool) { return run(code); }
+bool kuScript::executeNUS(const char* code, bool sync) {
+  HostState& state = HostState::the();
+  ++state.scriptCommands;
+  state.lastScriptCommandSync = sync;
+  return run(code);
+}
 
 std::string kuScript::executeNUSR(const char* code) {
   const char* expression = orEmpty(code);
