@@ -1,7 +1,10 @@
 #include "scene/kuLightVariant.h"
 
+#include "host/kernel/kuController.h"
 #include "host/utils/kuLights.h"
 #include "manager/kuVariants.h"
+#include "support/MessageReceiver.h"
+#include "support/VariantText.h"
 #include "support/VariantsTest.h"
 #include "support/kuVariantsTestAccess.h"
 
@@ -124,5 +127,137 @@ TEST_F(kuLightVariantTest, UpdateWithoutALightKeepsTheDefault) {
   EXPECT_EQ(variant.getDefault(), "!Disable");
   EXPECT_EQ(variant.getCurrent(), "");
 }
+
+TEST_F(kuLightVariantTest, TheMessageNamesTheVariantAndTheLightEach) {
+  scene.light("Bulb", true, scene.group("Car"));
+  kuLightVariant& variant = *kuVariants::createLightVariant("Lamp", false);
+  variant.setNode("Bulb");
+  variant.select(QString("!Disable"));
+  EXPECT_THAT(messages.lines(),
+              ElementsAre("variantsLightsChanged/1 variantName:string=Lamp "
+                          "enabled:strings=[] disabled:strings=[Bulb] parent:string= path:string=",
+                          Selected));
+}
+
+TEST_F(kuLightVariantTest, ClonesBetweenOtherLightsAreThinnedOut) {
+  const osg::NodePtr first = scene.light("Lamp", false);
+  const osg::NodePtr second = scene.light("Lamp", true);
+  scene.clone(first);
+  scene.clone(first);
+  scene.clone(second);
+  const osg::NodePtr third = scene.light("Lamp", false);
+  bound("Lamp").select(QString("!Toggle"));
+  EXPECT_TRUE(kuLights::getOn(first));
+  EXPECT_FALSE(kuLights::getOn(second));
+  EXPECT_TRUE(kuLights::getOn(third));
+  const std::string on =
+      "variantsLightsChanged/1 variantName:string=Lamp "
+      "enabled:strings=[Lamp] disabled:strings=[] parent:string= path:string=";
+  const std::string off =
+      "variantsLightsChanged/1 variantName:string=Lamp "
+      "enabled:strings=[] disabled:strings=[Lamp] parent:string= path:string=";
+  EXPECT_THAT(messages.lines(), ElementsAre(on, off, on, Selected));
+}
+
+TEST_F(kuLightVariantTest, NodesThatAreNoLightsArePassedOver) {
+  scene.group("Lamp");
+  const osg::NodePtr lamp = scene.light("Lamp", false);
+  bound("Lamp").select(QString("!Enable"));
+  EXPECT_TRUE(kuLights::getOn(lamp));
+  EXPECT_THAT(messages.lines(),
+              ElementsAre("variantsLightsChanged/1 variantName:string=Lamp "
+                          "enabled:strings=[Lamp] disabled:strings=[] parent:string= path:string=",
+                          Selected));
+}
+
+TEST_F(kuLightVariantTest, WithoutANodeTheSelectionEndsAllTheSame) {
+  bound("Lamp").select(QString("!Enable"));
+  EXPECT_THAT(messages.lines(), ElementsAre(Selected));
+  EXPECT_TRUE(log.empty());
+}
+
+TEST_F(kuLightVariantTest, KeywordsOfOtherKindsAndNearMissesChangeNothing) {
+  const osg::NodePtr lamp = scene.light("Lamp", true);
+  kuLightVariant& variant = bound("Lamp");
+  const char* const states[] = {
+      "",     "!All",    "!None",     "!Next",  "!Next (Loop)", "!Previous", "!Previous (Loop)",
+      "Lamp", "!toggle", "!Disable ", "Disable"};
+  for (const char* state : states) {
+    messages.clear();
+    variant.select(QString(state));
+    EXPECT_TRUE(kuLights::getOn(lamp)) << state;
+    EXPECT_THAT(messages.lines(), ElementsAre(Selected)) << state;
+  }
+}
+
+TEST_F(kuLightVariantTest, CurrentFollowsTheLight) {
+  const osg::NodePtr lamp = scene.light("Lamp", false);
+  kuLightVariant& variant = bound("Lamp");
+  EXPECT_EQ(variant.getCurrent(), "!Disable");
+  kuLights::setOn(lamp, true);
+  EXPECT_EQ(variant.getCurrent(), "!Enable");
+}
+
+TEST_F(kuLightVariantTest, UpdateListsTheThreeOptionsAnewWithTheirFlags) {
+  scene.light("Lamp", false);
+  kuLightVariant& variant = bound("Lamp");
+  variant.add(true, "!Enable", "");
+  variant.add("Other", "");
+  variant.setDefault(QString("Other"));
+  variant.updateVariants();
+  EXPECT_THAT(optionTexts(variant), ElementsAre("!Enable", "!Disable", "!Toggle *"));
+  EXPECT_EQ(variant.getDefault(), "!Disable");
+}
+
+TEST_F(kuLightVariantTest, CopyAndAssignmentHaveTheNodeToo) {
+  const kuLightVariant variant(scene.light("Lamp", true));
+  const kuLightVariant copy(variant);
+  kuLightVariant assigned;
+  EXPECT_EQ(assigned.getNode(), "");
+  EXPECT_TRUE(assigned.getOptions().empty());
+  assigned = variant;
+  for (const kuLightVariant* other : {&copy, static_cast<const kuLightVariant*>(&assigned)}) {
+    EXPECT_EQ(other->getNode(), "Lamp");
+    EXPECT_EQ(other->getName(), "Lamp");
+    EXPECT_EQ(other->getDefault(), "!Enable");
+    EXPECT_THAT(optionTexts(*other), ElementsAre("!Enable", "!Disable", "!Toggle *"));
+  }
+}
+
+/** What a receiver does to the variants in the midst of a selection. */
+struct RemovalRow {
+  const char* title;
+  void (*remove)();
+};
+
+class LightVariantRemoval : public VariantsTest,
+                            public ::testing::WithParamInterface<RemovalRow> {};
+
+TEST_P(LightVariantRemoval, TheSelectionReachesEveryLightAllTheSame) {
+  const osg::NodePtr first = scene.light("Lamp", false);
+  const osg::NodePtr second = scene.light("Lamp", false);
+  kuLightVariant& variant = *kuVariants::createLightVariant("Lamp", false);
+  variant.setNode("Lamp");
+  variant.setDefault(QString("!Enable"));
+  const MessageReceiver receiver("variantsLightsChanged", [](kuMessage&) { GetParam().remove(); });
+  messages.clear();
+  variant.select();  // the state's text is the variant's own
+  EXPECT_EQ(kuVariants::findLightVariant("Lamp"), nullptr);
+  EXPECT_TRUE(kuLights::getOn(first));
+  EXPECT_TRUE(kuLights::getOn(second));
+  const std::string changed =
+      "variantsLightsChanged/1 variantName:string=Lamp "
+      "enabled:strings=[Lamp] disabled:strings=[] parent:string= path:string=";
+  EXPECT_THAT(messages.linesOf("variantsLightsChanged"), ElementsAre(changed, changed));
+  EXPECT_THAT(messages.linesOf("lightVariantSelected"),
+              ElementsAre("lightVariantSelected/1 variant:void*=unlisted"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    kuLightVariant, LightVariantRemoval,
+    ::testing::Values(RemovalRow{"TheVariant", [] { kuVariants::removeLightVariant("Lamp"); }},
+                      RemovalRow{"AllVariants", [] { kuVariants::clearLightVariants(); }},
+                      RemovalRow{"Everything", [] { kuController::call("clearAllVariants", 1); }}),
+    [](const auto& row) { return std::string(row.param.title); });
 
 }  // namespace

@@ -3,8 +3,11 @@
 #include <array>
 #include <sstream>
 
+#include "host/kernel/kuController.h"
 #include "host/services/kuKernelServiceFactory.h"
 #include "host/services/kuTransformService.h"
+#include "manager/kuVariants.h"
+#include "support/VariantText.h"
 #include "support/VariantsTest.h"
 
 using ::testing::ElementsAre;
@@ -13,7 +16,7 @@ using ::testing::IsEmpty;
 namespace {
 
 /** Stands in for the host's service and notes its calls: "node:index" for each, one list a call. */
-class RecordingService final : public kuTransformService {
+class RecordingService : public kuTransformService {
  public:
   RecordingService() : _former(kuKernelServiceFactory::the().getService<kuTransformService>()) {
     kuKernelServiceFactory::the().registerService<kuTransformService>(this);
@@ -88,7 +91,7 @@ TEST_F(kuTransformVariantTest, ANodeWithoutTheStateIsPassedOver) {
   EXPECT_EQ(SceneBuilder::transformChoice(first), 0u);
   EXPECT_EQ(SceneBuilder::transformChoice(second), 1u);
   EXPECT_EQ(SceneBuilder::supposedIndex(second), 1);
-  EXPECT_THAT(messages.linesOf("transformVariantSelected"), IsEmpty());
+  EXPECT_THAT(messages.lines(), IsEmpty());
 }
 
 TEST_F(kuTransformVariantTest, TwoClonesReceiveTwoCalls) {
@@ -106,6 +109,8 @@ TEST_F(kuTransformVariantTest, ANegativeIndexNeedsNoService) {
   RecordingService keepsTheFormer;
   kuKernelServiceFactory::the().unregisterService<kuTransformService>();
   kuTransformVariant("Door").select(QString("unknown"));
+  EXPECT_THAT(keepsTheFormer.calls, IsEmpty());
+  EXPECT_THAT(messages.lines(), IsEmpty());
 }
 
 TEST_F(kuTransformVariantTest, CurrentIsTheFirstSupposedStateWhateverTheChoice) {
@@ -187,5 +192,122 @@ TEST_F(kuTransformVariantTest, KeywordsOfOtherKindsCallNothing) {
     }
   }
 }
+
+TEST_F(kuTransformVariantTest, OptionsComeFromTheFirstNodeThatHasTransforms) {
+  scene.group("Door");
+  scene.transforms("Door", {"C", "D", "C"}, 0, 0);
+  scene.transforms("Door", {"A"}, 0, 0);
+  EXPECT_THAT(optionsOf(kuTransformVariant("Door")),
+              ElementsAre("!Next*", "!Next (Loop)*", "!Previous*", "!Previous (Loop)*", "C", "D"));
+}
+
+TEST_F(kuTransformVariantTest, UpdateKeepsHotkeysButNoFlags) {
+  scene.transforms("Door", {"A"}, 0, 0);
+  kuTransformVariant variant;
+  variant.setNode("Door");
+  variant.add(true, "A", "F1");
+  variant.add(false, "!Next", "F2");
+  variant.add(false, "Gone", "F3");
+  variant.setDefault(QString("Gone"));
+  variant.updateVariants();
+  EXPECT_THAT(optionTexts(variant), ElementsAre("!Next * [F2]", "!Next (Loop) *", "!Previous *",
+                                                "!Previous (Loop) *", "A [F1]"));
+  EXPECT_EQ(variant.find("A")->getShortcutKey(), Qt::Key_F1);
+  EXPECT_EQ(variant.getDefault(), "!Next");
+  EXPECT_EQ(variant.getName(), "");
+}
+
+TEST_F(kuTransformVariantTest, UpdateWithoutANodeEmptiesOptionsAndKeepsTheDefault) {
+  kuTransformVariant variant("Door");
+  EXPECT_EQ(variant.getName(), "Door");
+  EXPECT_EQ(variant.getNode(), "Door");
+  variant.add("A", "");
+  variant.setDefault(QString("A"));
+  variant.updateVariants();
+  EXPECT_THAT(optionsOf(variant), IsEmpty());
+  EXPECT_EQ(variant.getDefault(), "A");
+}
+
+TEST_F(kuTransformVariantTest, EachNodeStepsFromItsOwnIndex) {
+  const osg::NodePtr first = scene.transforms("Door", {"A", "B", "C"}, 0, 1);
+  scene.group("Door");
+  const osg::NodePtr second = scene.transforms("Door", {"A", "B", "C"}, 2, 0);
+  RecordingService service;
+  kuTransformVariant("Door").select(QString("!Next"));
+  EXPECT_THAT(service.calls, ElementsAre(std::make_pair(kuNodePtr(first).getID(), 2),
+                                         std::make_pair(kuNodePtr(second).getID(), 1)));
+}
+
+TEST_F(kuTransformVariantTest, NoSelectionSendsAnyMessage) {
+  scene.transforms("Door", {"A", "B"}, 0, 0);
+  kuTransformVariant& variant = *kuVariants::createTransformVariant("Door", false);
+  variant.setNode("Door");
+  messages.clear();
+  for (const char* state :
+       {"A", "B", "!Next", "!Next (Loop)", "!Previous", "!Previous (Loop)", "unknown", ""}) {
+    variant.select(QString(state));
+  }
+  variant.setNode("Nowhere");
+  variant.select(QString("A"));
+  EXPECT_THAT(messages.lines(), IsEmpty());
+  EXPECT_TRUE(log.empty());
+}
+
+TEST_F(kuTransformVariantTest, CopyAndAssignmentHaveTheNodeToo) {
+  scene.transforms("Door", {"A"}, 0, 0);
+  kuTransformVariant variant("Door");
+  variant.setName("Gate");
+  const kuTransformVariant copy(variant);
+  kuTransformVariant assigned;
+  assigned = variant;
+  for (const kuTransformVariant* other :
+       {&copy, static_cast<const kuTransformVariant*>(&assigned)}) {
+    EXPECT_EQ(other->getName(), "Gate");
+    EXPECT_EQ(other->getNode(), "Door");
+    EXPECT_EQ(other->getDefault(), "!Next");
+    EXPECT_EQ(other->getOptions().size(), 5u);
+  }
+}
+
+/** A service that removes variants whenever it is called. */
+class RemovingService final : public RecordingService {
+ public:
+  explicit RemovingService(void (*remove)()) : _remove(remove) {}
+  void switchTransformVariants(const QList<QRPC::NodeTrafoId>& states, int a, int b) override {
+    _remove();
+    RecordingService::switchTransformVariants(states, a, b);
+  }
+
+ private:
+  void (*_remove)();
+};
+
+struct RemovalRow {
+  const char* title;
+  void (*remove)();
+};
+
+class TransformVariantRemoval : public VariantsTest,
+                                public ::testing::WithParamInterface<RemovalRow> {};
+
+TEST_P(TransformVariantRemoval, TheSelectionReachesEveryNodeAllTheSame) {
+  const osg::NodePtr first = scene.transforms("Door", {"A", "B"}, 0, 0);
+  const osg::NodePtr second = scene.transforms("Door", {"B", "A"}, 0, 0);
+  kuTransformVariant& variant = *kuVariants::createTransformVariant("Door", false);
+  variant.setNode("Door");
+  variant.setDefault(QString("B"));
+  RemovingService service(GetParam().remove);
+  variant.select();  // the state's text is the variant's own
+  EXPECT_EQ(kuVariants::findTransformVariant("Door"), nullptr);
+  EXPECT_THAT(service.calls, ElementsAre(std::make_pair(kuNodePtr(first).getID(), 1),
+                                         std::make_pair(kuNodePtr(second).getID(), 0)));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    kuTransformVariant, TransformVariantRemoval,
+    ::testing::Values(RemovalRow{"TheVariant", [] { kuVariants::removeTransformVariant("Door"); }},
+                      RemovalRow{"AllVariants", [] { kuVariants::clearTransformVariants(); }},
+                      RemovalRow{"Everything", [] { kuController::call("clearAllVariants", 1); }}),
+    [](const auto& row) { return std::string(row.param.title); });
 
 }  // namespace
