@@ -395,49 +395,4 @@ TEST_F(kuVariantSetFieldsTest, ACopyTakesNoNumberAndEveryMember) {
   EXPECT_EQ(Access::animationCursor(copy), 3);
 }
 
-TEST_F(kuVariantSetFieldsTest, HideLeavesInactiveGroupsAndShowReachesEveryNodeOfTheName) {
-  const osg::NodePtr body = scene.group("Body");
-  const osg::NodePtr hood = scene.geometry("Hood", {}, scene.group("Lid", body));
-  const osg::NodePtr twin = scene.geometry("Body");
-  const osg::NodePtr other = scene.geometry("Other");
-  SceneBuilder::setActive(body, false);
-  set.addGeometry("absent");
-  set.addGeometry("Body");
-  set.hideGeometry();
-  EXPECT_FALSE(body->getActive());
-  EXPECT_TRUE(hood->getParent()->getActive());
-  EXPECT_FALSE(hood->getActive());
-  EXPECT_FALSE(twin->getActive());
-  EXPECT_TRUE(other->getActive());
-  SceneBuilder::setActive(hood->getParent(), false);
-  SceneBuilder::setActive(other, false);
-  set.showGeometry();
-  EXPECT_TRUE(body->getActive());
-  EXPECT_TRUE(hood->getParent()->getActive());
-  EXPECT_TRUE(hood->getActive());
-  EXPECT_TRUE(twin->getActive());
-  EXPECT_FALSE(other->getActive());
-}
-
-TEST(kuVariantStateTest, ConstructorsTakeNamesOrTheVariant) {
-  kuVariant variant;
-  variant.setName("Roof");
-  variant.setDefault(QString("Open"));
-  const std::list<kuVariantState> made{kuVariantState(),
-                                       kuVariantState(QString("Door")),
-                                       kuVariantState(QString("Door"), QString("Left")),
-                                       kuVariantState(&variant),
-                                       kuVariantState(&variant, QString("Shut")),
-                                       kuVariantState(&variant, QString())};
-  EXPECT_THAT(states(made),
-              ElementsAre("=", "Door=", "Door=Left", "Roof=Open", "Roof=Shut", "Roof="));
-}
-
-TEST(kuVariantStateTest, SetStateChangesTheStateAlone) {
-  kuVariantState entry(QString("Door"), QString("Left"));
-  entry.setState("!Next");
-  EXPECT_EQ(entry.getVariant(), "Door");
-  EXPECT_EQ(entry.getState(), "!Next");
-}
-
 }  // namespace

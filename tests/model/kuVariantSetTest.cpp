@@ -154,6 +154,30 @@ TEST_F(kuVariantSetTest, ShowOpensTheSubtreeAndHideClosesTheGeometriesAlone) {
   EXPECT_TRUE(hood->getActive());
 }
 
+TEST_F(kuVariantSetTest, HideLeavesInactiveGroupsAndShowReachesEveryNodeOfTheName) {
+  const osg::NodePtr body = scene.group("Body");
+  const osg::NodePtr hood = scene.geometry("Hood", {}, scene.group("Lid", body));
+  const osg::NodePtr twin = scene.geometry("Body");
+  const osg::NodePtr other = scene.geometry("Other");
+  SceneBuilder::setActive(body, false);
+  set.addGeometry("absent");
+  set.addGeometry("Body");
+  set.hideGeometry();
+  EXPECT_FALSE(body->getActive());
+  EXPECT_TRUE(hood->getParent()->getActive());
+  EXPECT_FALSE(hood->getActive());
+  EXPECT_FALSE(twin->getActive());
+  EXPECT_TRUE(other->getActive());
+  SceneBuilder::setActive(hood->getParent(), false);
+  SceneBuilder::setActive(other, false);
+  set.showGeometry();
+  EXPECT_TRUE(body->getActive());
+  EXPECT_TRUE(hood->getParent()->getActive());
+  EXPECT_TRUE(hood->getActive());
+  EXPECT_TRUE(twin->getActive());
+  EXPECT_FALSE(other->getActive());
+}
+
 TEST_F(kuVariantSetTest, CopyHasIdAndGroupButIsNoMember) {
   kuVariantGroup group("G");
   group.add(&set);
