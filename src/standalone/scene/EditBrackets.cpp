@@ -1,6 +1,7 @@
 #include "standalone/scene/EditBrackets.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "host/kernel/kuLog.h"
@@ -17,6 +18,11 @@ struct Bracket {
 std::vector<Bracket>& brackets() {
   static std::vector<Bracket> open;
   return open;
+}
+
+EditBrackets::Watcher& watcher() {
+  static EditBrackets::Watcher present;
+  return present;
 }
 
 std::uint64_t violationCount = 0;
@@ -37,6 +43,8 @@ void EditBrackets::noteChange(const osg::FieldContainer& object, osg::FieldMask 
       });
   if (!covered) report(object, what);
 }
+
+void EditBrackets::watch(Watcher heard) { watcher() = std::move(heard); }
 
 std::uint64_t EditBrackets::violations() { return violationCount; }
 
@@ -62,6 +70,7 @@ void endEditCP(const FieldContainerPtr& object, FieldMask mask, unsigned) {
   if (found == brackets().rend()) return report(*object, "endEditCP");
   brackets().erase(std::next(found).base());
   ++closedBrackets;
+  if (watcher()) watcher()(*object, mask);
 }
 
 }  // namespace osg

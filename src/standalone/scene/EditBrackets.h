@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "host/osg/FieldContainer.h"
 
@@ -16,6 +17,12 @@ class KUHOST_EXPORT EditBrackets {
    * all of @p field. Called by every setter of this host.
    */
   static void noteChange(const osg::FieldContainer& object, osg::FieldMask field, const char* what);
+
+  using Watcher = std::function<void(const osg::FieldContainer& object, osg::FieldMask mask)>;
+
+  /** Sets who hears of every bracket that is closed; there is one at a time, an empty one ends it.
+   */
+  static void watch(Watcher watcher);
 
   /** The number of changes outside a fitting bracket, and of brackets closed but never opened. */
   static std::uint64_t violations();
