@@ -34,6 +34,7 @@ class ToldStateMaterial final : public osg::Material {
     return true;
   }
   bool getCurrentState(int& index) const override {
+    ++asked;
     index = told;
     return told != TellsNone;
   }
@@ -41,6 +42,8 @@ class ToldStateMaterial final : public osg::Material {
   bool hasSubMaterial(const osg::MaterialPtr&, bool) const override { return false; }
 
   int told;
+  /** How often it was asked for its present state. */
+  mutable int asked = 0;
   /** The indices that it was set to, in order. */
   std::vector<int> set;
 

@@ -2,51 +2,18 @@
 
 #include <memory>
 
+#include "MaterialVariantTest.h"
 #include "ToldStateMaterial.h"
-#include "host/utils/kuMaterials.h"
+#include "support/BracketRecorder.h"
 #include "support/MessageReceiver.h"
-#include "support/MessageRecorder.h"
-#include "support/SceneTest.h"
 #include "support/VariantText.h"
 #include "support/kuVariantsTestAccess.h"
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::Pair;
 
 namespace {
-
-using Texts = std::vector<std::string>;
-
-const Texts Steps = {"!Next *", "!Next (Loop) *", "!Previous *", "!Previous (Loop) *"};
-
-Texts stepsAnd(const Texts& states) {
-  Texts texts = Steps;
-  texts.insert(texts.end(), states.begin(), states.end());
-  return texts;
-}
-
-Texts subMaterialNames(const osg::SwitchMaterialPtr& material) {
-  Texts names;
-  material->getStateNames(names);
-  return names;
-}
-
-osg::MaterialPtr find(const char* name) { return kuMaterials::findMaterial(name); }
-
-class MaterialVariant : public SceneTest {
- protected:
-  /** A switch "Paint" of materials of those names. */
-  osg::SwitchMaterialPtr paint(const Texts& names, unsigned choice) {
-    std::vector<osg::MaterialPtr> materials;
-    for (const std::string& name : names)
-      materials.push_back(scene.material(name));
-    return scene.switchMaterial("Paint", materials, choice);
-  }
-
-  MessageRecorder messages{[](const void* pointer) {
-    return static_cast<const kuVariant*>(pointer)->getName().toStdString();
-  }};
-};
 
 // Construction.
 
@@ -92,6 +59,41 @@ TEST_F(MaterialVariant, PlainMaterialIsWrappedAndTheSwitchTakesItsPlace) {
   EXPECT_EQ(osg::GeometryPtr::dcast(geometry->getCore())->getMaterial(), created);
   EXPECT_EQ(osg::MaterialGroupPtr::dcast(group->getCore())->getMaterial(), created);
   EXPECT_THAT(messages.lines(), ElementsAre("#65536"));
+}
+
+TEST_F(MaterialVariant, WrappingIsToldOnceTheSwitchStandsInThePoolAndAtItsUsers) {
+  const osg::MaterialPtr plain = scene.material("M");
+  const osg::NodePtr part = scene.geometry("Part", plain);
+  osg::MaterialPtr pooled;
+  osg::MaterialPtr used;
+  const kuStandalone::MessageWatch watch([&](const kuStandalone::PassedMessage& message) {
+    if (message.record->number() != 0x10000) return;
+    pooled = find("M Switch");
+    used = osg::GeometryPtr::dcast(part->getCore())->getMaterial();
+  });
+  const kuMaterialVariant variant(plain);
+  EXPECT_TRUE(pooled);
+  EXPECT_EQ(used, pooled);
+}
+
+TEST_F(MaterialVariant, WrappingLeavesTheUsersOfOtherMaterials) {
+  const osg::MaterialPtr other = scene.material("Other");
+  const osg::NodePtr part = scene.geometry("Part", other);
+  const kuMaterialVariant variant(scene.material("M"));
+  EXPECT_EQ(osg::GeometryPtr::dcast(part->getCore())->getMaterial(), other);
+}
+
+TEST_F(MaterialVariant, WrappingChangesTheSceneInBracketsOfAllFields) {
+  const osg::MaterialPtr plain = scene.material("M");
+  scene.materialGroup("Body", plain);
+  scene.geometry("Part", plain);
+  const BracketRecorder recorder;
+  const kuMaterialVariant variant(plain);
+  const auto ofAll = [](const char* type) { return Pair(type, osg::AllFieldsMask); };
+  // The first is the naming of the switch.
+  EXPECT_THAT(recorder.brackets(),
+              ElementsAre(ofAll("SwitchMaterial"), ofAll("SwitchMaterial"), ofAll("MaterialPool"),
+                          ofAll("MaterialGroup"), ofAll("Geometry")));
 }
 
 TEST_F(MaterialVariant, WrappingTwiceGivesTwoSwitches) {
@@ -234,196 +236,6 @@ TEST_F(MaterialVariantReceivers, ReceiverMayRenameTheStateWhoseNameItReads) {
   });
   variant.select(QString("Red"));
   EXPECT_EQ(read, "Red");
-}
-
-// Editing.
-
-TEST_F(MaterialVariant, EditableAreUnlockedSwitchesAlone) {
-  const osg::SwitchMaterialPtr material = paint({"Red"}, 0);
-  const kuMaterialVariant variant(material);
-  EXPECT_TRUE(variant.isEditable());
-  EXPECT_TRUE(kuMaterialVariant(scene.environmentSwitchMaterial("Sky", {}, 0)).isEditable());
-  material->hostFields().locked = true;
-  EXPECT_FALSE(variant.isEditable());
-  EXPECT_FALSE(kuMaterialVariant().isEditable());
-}
-
-TEST_F(MaterialVariant, AddOfAMaterialAppendsItAndItsOption) {
-  const osg::SwitchMaterialPtr material = paint({"Red"}, 0);
-  kuMaterialVariant variant(material);
-  variant.add(scene.material("Blue"), "F5");
-  EXPECT_EQ(subMaterialNames(material), (Texts{"Red", "Blue"}));
-  EXPECT_EQ(optionTexts(variant), stepsAnd({"Red", "Blue [F5]"}));
-  EXPECT_THAT(messages.lines(), ElementsAre("updateMaterials/1 bare"));
-}
-
-TEST_F(MaterialVariant, AddOfASubMaterialLeavesTheSwitchAndMindsTheOptionAlone) {
-  const osg::SwitchMaterialPtr material = paint({"Red"}, 0);
-  kuMaterialVariant variant(material);
-  variant.add(material->getMaterial(0), "F5");
-  EXPECT_EQ(optionTexts(variant), stepsAnd({"Red"}));
-  variant.clear();
-  variant.add(material->getMaterial(0), "F5");
-  EXPECT_EQ(optionTexts(variant), Texts{"Red [F5]"});
-  EXPECT_EQ(subMaterialNames(material), Texts{"Red"});
-  EXPECT_EQ(messages.lines().size(), 2u);
-}
-
-TEST_F(MaterialVariant, AddOfANameChangesTheOptionsUntilTheNextUpdate) {
-  const osg::SwitchMaterialPtr material = paint({"Red"}, 0);
-  kuMaterialVariant variant(material);
-  variant.add(QString("Blue"), "F5");
-  EXPECT_EQ(optionTexts(variant), stepsAnd({"Red", "Blue [F5]"}));
-  EXPECT_EQ(subMaterialNames(material), Texts{"Red"});
-  EXPECT_THAT(messages.lines(), IsEmpty());
-  variant.updateVariants();
-  EXPECT_EQ(optionTexts(variant), stepsAnd({"Red"}));
-}
-
-TEST_F(MaterialVariant, RemoveOfAMaterialTakesItOutWithItsOption) {
-  const osg::SwitchMaterialPtr material = paint({"Red", "Blue"}, 0);
-  kuMaterialVariant variant(material);
-  variant.remove(material->getMaterial(0));
-  EXPECT_EQ(subMaterialNames(material), Texts{"Blue"});
-  EXPECT_EQ(optionTexts(variant), stepsAnd({"Blue"}));
-  EXPECT_THAT(messages.lines(), ElementsAre("updateMaterials/1 bare"));
-}
-
-TEST_F(MaterialVariant, RemoveOfANamePassesOverTheSecondOfTwoNeighbours) {
-  const osg::SwitchMaterialPtr material = paint({"Red", "Red", "Blue", "Red"}, 0);
-  kuMaterialVariant variant(material);
-  variant.remove(QString("Red"));
-  EXPECT_EQ(subMaterialNames(material), (Texts{"Red", "Blue"}));
-  EXPECT_EQ(optionTexts(variant), stepsAnd({"Blue"}));
-  EXPECT_THAT(messages.lines(), ElementsAre("updateMaterials/1 bare"));
-}
-
-TEST_F(MaterialVariant, RemoveOfANameWithoutAMatchIsToldAllTheSame) {
-  const osg::SwitchMaterialPtr material = paint({"Red"}, 0);
-  kuMaterialVariant variant(material);
-  variant.remove(QString("Gone"));
-  variant.remove(QString());
-  EXPECT_EQ(subMaterialNames(material), Texts{"Red"});
-  EXPECT_THAT(messages.lines(), ElementsAre("updateMaterials/1 bare", "updateMaterials/1 bare"));
-}
-
-TEST_F(MaterialVariant, RemoveOfTheEmptyNameTakesAnUnnamedSubMaterialOut) {
-  const osg::SwitchMaterialPtr material = paint({"", "Red"}, 0);
-  kuMaterialVariant(material).remove(QString());
-  EXPECT_EQ(subMaterialNames(material), Texts{"Red"});
-}
-
-TEST_F(MaterialVariant, AddAndRemoveOfAnUnnamedMaterialDoNothing) {
-  const osg::SwitchMaterialPtr material = paint({"", "Red"}, 0);
-  kuMaterialVariant variant(material);
-  variant.add(scene.material(""), "");
-  variant.remove(material->getMaterial(0));
-  EXPECT_EQ(material->getMaterials().size(), 2u);
-  EXPECT_THAT(messages.lines(), IsEmpty());
-}
-
-TEST_F(MaterialVariant, MissingLockedAndOtherMaterialsAreNotEdited) {
-  const osg::MaterialPtr blue = scene.material("Blue");
-  const osg::SwitchMaterialPtr locked = paint({"Red"}, 0);
-  locked->hostFields().locked = true;
-  scene.material("Plain");
-  for (const char* name : {"Gone", "Paint", "Plain"}) {
-    kuMaterialVariant variant;
-    variant.setMaterial(name);
-    variant.add(blue, "");
-    variant.remove(blue);
-    variant.remove(QString("Red"));
-    EXPECT_THAT(optionTexts(variant), IsEmpty()) << name;
-  }
-  EXPECT_EQ(subMaterialNames(locked), Texts{"Red"});
-  EXPECT_THAT(messages.lines(), IsEmpty());
-}
-
-TEST_F(MaterialVariant, PresetsCannotBeEditedButSelectedByName) {
-  const osg::MaterialPtr presets = scene.presetMaterial("Leather", {"Matte", "Gloss"}, 0);
-  kuMaterialVariant variant(presets);
-  EXPECT_FALSE(variant.isEditable());
-  variant.add(scene.material("Blue"), "");
-  variant.remove(QString("Matte"));
-  EXPECT_EQ(optionTexts(variant), stepsAnd({"Matte", "Gloss"}));
-  EXPECT_THAT(messages.lines(), IsEmpty());
-  variant.select(QString("Gloss"));
-  EXPECT_EQ(variant.getCurrent(), "Gloss");
-}
-
-// Rebuilding.
-
-TEST_F(MaterialVariant, UpdateKeepsHotkeysAndFlagsAndFollowsTheStates) {
-  kuMaterialVariant variant(paint({"Red", "Blue"}, 0));
-  variant.find("!Next")->setHotkey("F5");
-  variant.find("!Previous")->setAction(false);
-  variant.find("Red")->setHotkey("F6");
-  variant.find("Red")->setAction(true);
-  variant.remove(QString("Blue"));
-  variant.add(scene.material("Green"), "");
-  variant.updateVariants();
-  EXPECT_EQ(optionTexts(variant), (Texts{"!Next * [F5]", "!Next (Loop) *", "!Previous *",
-                                         "!Previous (Loop) *", "Red * [F6]", "Green"}));
-}
-
-TEST_F(MaterialVariant, UpdateBringsUnseenStepsBackAsNormalOptions) {
-  paint({"Red"}, 0);
-  kuMaterialVariant variant;
-  variant.setMaterial("Paint");
-  variant.updateVariants();
-  EXPECT_EQ(optionTexts(variant),
-            (Texts{"!Next", "!Next (Loop)", "!Previous", "!Previous (Loop)", "Red"}));
-}
-
-TEST_F(MaterialVariant, UpdateRestoresTheOldDefaultOrTakesThePresentState) {
-  const osg::SwitchMaterialPtr material = paint({"Red", "Blue"}, 1);
-  const std::vector<std::pair<const char*, const char*>> expected = {
-      {"Red", "Red"}, {"Gone", "Blue"}, {"!Next", "Blue"}, {"", "Blue"}};
-  for (const auto& [before, after] : expected) {
-    kuMaterialVariant variant(material);
-    variant.setDefault(QString(before));
-    variant.updateVariants();
-    EXPECT_EQ(variant.getDefault(), after) << before;
-  }
-}
-
-TEST_F(MaterialVariant, UpdateWithoutAPresentStateKeepsADefaultThatNamesNothing) {
-  kuMaterialVariant variant(
-      ToldStateMaterial::create("Paint", {"Red"}, ToldStateMaterial::TellsNone));
-  variant.setDefault(QString("Gone"));
-  variant.updateVariants();
-  EXPECT_EQ(variant.getDefault(), "Gone");
-}
-
-TEST_F(MaterialVariant, UpdateWithoutAMaterialWithStatesEmptiesTheOptionsAndKeepsTheDefault) {
-  scene.material("Plain");
-  for (const char* name : {"Gone", "Plain"}) {
-    scene.material("Red");
-    kuMaterialVariant variant;
-    variant.add(QString("Red"), "F5");
-    variant.setDefault(QString("Red"));
-    variant.setMaterial(name);
-    variant.updateVariants();
-    EXPECT_THAT(optionTexts(variant), IsEmpty()) << name;
-    EXPECT_EQ(variant.getDefault(), "Red") << name;
-  }
-}
-
-TEST_F(MaterialVariant, HideAndShowTouchTheUsersAloneAndNoSubtree) {
-  const osg::SwitchMaterialPtr material = paint({"Red"}, 0);
-  const osg::NodePtr group = scene.materialGroup("Body", material);
-  const osg::NodePtr below = scene.group("Below", group);
-  const osg::NodePtr part = scene.geometry("Part", material);
-  kuMaterialVariant variant(material);
-  variant.hideGeometry();
-  EXPECT_FALSE(group->getActive());
-  EXPECT_FALSE(part->getActive());
-  EXPECT_TRUE(below->getActive());
-  SceneBuilder::setActive(below, false);
-  variant.showGeometry();
-  EXPECT_TRUE(group->getActive());
-  EXPECT_TRUE(part->getActive());
-  EXPECT_FALSE(below->getActive());
 }
 
 }  // namespace

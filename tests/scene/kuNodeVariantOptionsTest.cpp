@@ -173,6 +173,44 @@ TEST_F(NodeVariantOptions, UpdateOfATransformDropsTheHotkeysOfItsStates) {
   EXPECT_EQ(variant.getDefault(), "!Next (Loop)");
 }
 
+TEST_F(NodeVariantOptions, UpdateOfATransformRestoresAStateAsTheDefault) {
+  kuNodeVariant variant(scene.transforms("Door", {"Closed", "Open"}, 0, -1));
+  for (const auto& [before, after] : std::vector<std::pair<const char*, const char*>>{
+           {"Transform 1", "Transform 1"}, {"Transform 2", "!Next (Loop)"}, {"", "!Next (Loop)"}}) {
+    variant.setDefault(QString(before));
+    variant.updateVariants();
+    EXPECT_EQ(variant.getDefault(), after) << before;
+  }
+}
+
+TEST_F(NodeVariantOptions, UpdateRestoresAStepThatCameBackAsNormalOptionAsTheDefault) {
+  scene.transforms("Door", {"Closed", "Open"}, 0, -1);
+  kuNodeVariant variant;
+  variant.setNode("Door");
+  variant.setDefault(QString("!Previous"));
+  variant.updateVariants();
+  EXPECT_EQ(optionTexts(variant), (Texts{"!Next", "!Next (Loop)", "!Previous", "!Previous (Loop)",
+                                         "Transform 0", "Transform 1"}));
+  EXPECT_EQ(variant.getDefault(), "!Previous");
+}
+
+TEST_F(NodeVariantOptions, UpdateOfAnotherNodeKeepsHotkeysAndMakesToggleAnAction) {
+  kuNodeVariant variant(scene.group("Roof"));
+  variant.find("!Enable")->setHotkey("F5");
+  variant.find("!Disable")->setAction(true);
+  variant.find("!Toggle")->setHotkey("F6");
+  variant.find("!Toggle")->setAction(false);
+  variant.updateVariants();
+  EXPECT_EQ(optionTexts(variant), (Texts{"!Enable [F5]", "!Disable *", "!Toggle * [F6]"}));
+}
+
+TEST_F(NodeVariantOptions, UpdateLooksAtTheFirstNodeAlone) {
+  scene.switchNode("S", 0, {"X"});
+  kuNodeVariant variant(scene.group("S"));
+  variant.updateVariants();
+  EXPECT_EQ(variant.getOptions().size(), 7u);
+}
+
 TEST_F(NodeVariantOptions, UpdateTakesTheDefaultTwoOptionsBehindTheChoice) {
   const std::vector<std::pair<int, const char*>> expected = {
       {-2, "!None"},           {-1, "!None"}, {0, "!Next"}, {1, "!Next (Loop)"}, {2, "!Previous"},

@@ -235,6 +235,27 @@ TEST_F(OverlayVariant, UpdateBringsUnseenStepsBackAsNormalOptions) {
   EXPECT_EQ(optionTexts(logo), (Texts{"!Enable", "!Disable", "!Toggle"}));
 }
 
+TEST_F(OverlayVariant, UpdateOfASinglePlateKeepsHotkeysAndTakesTheDefaultFromItsFlag) {
+  const osg::NodePtr plate = scene.sceneplate("Logo");
+  kuOverlayVariant variant(plate);
+  variant.find("!Toggle")->setHotkey("F5");
+  variant.find("!Toggle")->setAction(false);
+  variant.setDefault(QString("Gone"));
+  SceneBuilder::setActive(plate, false);
+  variant.updateVariants();
+  EXPECT_EQ(optionTexts(variant), (Texts{"!Enable", "!Disable", "!Toggle * [F5]"}));
+  EXPECT_EQ(variant.getDefault(), "!Disable");
+}
+
+TEST_F(OverlayVariant, CurrentAndUpdateLookAtTheFirstNodeAlone) {
+  const osg::NodePtr first = scene.sceneplate("Logo");
+  kuOverlayVariant variant(scene.sceneplateSwitch("Logo", 0, {"X"}));
+  SceneBuilder::setActive(first, false);
+  EXPECT_EQ(variant.getCurrent(), "!Disable");
+  variant.updateVariants();
+  EXPECT_EQ(optionTexts(variant), (Texts{"!Enable", "!Disable", "!Toggle"}));
+}
+
 TEST_F(OverlayVariant, UpdateTakesTheDefaultTwoOptionsBehindTheChoice) {
   const std::vector<std::pair<int, const char*>> expected = {
       {-2, "!None"}, {-1, "!None"}, {0, "!Next"}, {4, "A"}, {5, "!None"}};
