@@ -2,6 +2,7 @@
 #include <QtEndian>
 
 #include "standalone/gltf/GltfJson.h"
+#include "standalone/gltf/JsonText.h"
 
 namespace kuStandalone {
 namespace {
@@ -28,6 +29,7 @@ QByteArray takeChunk(const QByteArray& bytes, int& offset, quint32 type, const c
 }
 
 QJsonObject parseObject(const QByteArray& text) {
+  checkJsonText(text);
   QJsonParseError error;
   const QJsonDocument document = QJsonDocument::fromJson(text, &error);
   if (error.error != QJsonParseError::NoError) {
