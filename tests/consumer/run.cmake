@@ -1,5 +1,5 @@
 # Installs the build into a fresh folder, then configures, builds and runs the consumer there.
-# Takes BUILD_DIR, SOURCE_DIR, WORK_DIR, CXX, CXX_FLAGS, GENERATOR.
+# Takes BUILD_DIR, SOURCE_DIR, WORK_DIR, CXX, CXX_FLAGS, GENERATOR, BINDIR.
 file(REMOVE_RECURSE ${WORK_DIR})
 file(MAKE_DIRECTORY ${WORK_DIR})
 
@@ -17,8 +17,12 @@ step("Configuring" ${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/build -G ${G
   -DCMAKE_PREFIX_PATH=${WORK_DIR}/prefix -DCMAKE_CXX_COMPILER=${CXX}
   -DCMAKE_CXX_FLAGS=${CXX_FLAGS})
 step("Building" ${CMAKE_COMMAND} --build ${WORK_DIR}/build)
-step("Running" ${CMAKE_COMMAND} -E env LD_LIBRARY_PATH=${WORK_DIR}/prefix/${LIBDIR}
-  ${WORK_DIR}/build/consumer)
+step("Running" ${WORK_DIR}/build/consumer)
 if(NOT step_output MATCHES "Doors: Closed -> Open")
   message(FATAL_ERROR "The consumer printed something else:\n${step_output}")
+endif()
+
+step("The installed command line" ${WORK_DIR}/prefix/${BINDIR}/kuvariants --version)
+if(NOT step_output MATCHES "0[.]1[.]0")
+  message(FATAL_ERROR "The installed command line printed something else:\n${step_output}")
 endif()
