@@ -21,6 +21,8 @@ struct KUHOST_EXPORT HostState {
   /** Whether the name cache is open, and how often one was opened. */
   bool findCacheOpen = false;
   std::uint64_t findCacheOpenings = 0;
+  /** Calls of kuScenegraph::showNodes, those without nodes included. */
+  std::uint64_t showNodesCalls = 0;
   /** The answer of kuConnector::syncVariants. */
   bool syncVariants = false;
   /** Calls of kuScript::executeNUS, and the flag of the last one. There are no partners here, so

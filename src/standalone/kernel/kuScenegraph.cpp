@@ -38,6 +38,7 @@ void kuScenegraph::initFindCache() {
 void kuScenegraph::clearFindCache() { HostState::the().findCacheOpen = false; }
 
 void kuScenegraph::showNodes(const std::vector<kuNodePtr>& nodes) {
+  ++HostState::the().showNodesCalls;
   for (const kuNodePtr& node : nodes) {
     if (!node.isValid()) continue;
     const osg::EditCP edit(node.getNode(), osg::Node::TravMaskFieldMask);

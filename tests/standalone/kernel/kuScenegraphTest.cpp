@@ -97,6 +97,7 @@ TEST_F(kuScenegraphTest, ShowNodesOfAnEmptyListChangesNothing) {
   SceneBuilder::setActive(node, false);
   kuScenegraph::showNodes({});
   EXPECT_FALSE(node->getActive());
+  EXPECT_EQ(HostState::the().showNodesCalls, 1u);
 }
 
 TEST_F(kuScenegraphTest, PoolIsThatOfThePresentScene) {
