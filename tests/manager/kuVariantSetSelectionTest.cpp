@@ -1,12 +1,7 @@
-#include <memory>
-
 #include "SelectionScene.h"
 #include "host/kernel/kuScenegraph.h"
-#include "host/services/kuCameraService.h"
-#include "host/services/kuKernelServiceFactory.h"
 #include "host/utils/kuLights.h"
 #include "manager/kuVariants.h"
-#include "model/kuVariantGroup.h"
 #include "scene/kuNodeVariant.h"
 #include "standalone/animation/AnimationPlayer.h"
 #include "standalone/kernel/HostState.h"
@@ -51,44 +46,6 @@ class Journal {
   std::string _viewpoint = "viewpoint ", _script = "script did not run", _plane = "plane at 0",
               _cache = "cache closed", _frames = "frames 0";
   MessageWatch _watch;
-};
-
-/** Passes everything on to the host's own service and keeps the calls that move the camera. */
-class RecordingCameras : public kuCameraService {
- public:
-  RecordingCameras() : _own(factory().getService<kuCameraService>()) {
-    factory().registerService<kuCameraService>(this);
-  }
-  ~RecordingCameras() override { factory().registerService<kuCameraService>(_own); }
-
-  kudCameraBaseNode findCamera(const QString& name) override { return _own->findCamera(name); }
-  void refreshCamera(unsigned id, bool flag) override { _own->refreshCamera(id, flag); }
-  void activateCamera(unsigned id, bool a, bool b, bool c) override {
-    calls.push_back(Scene::the().findViewpoint(id)->name + (a ? " true" : " false") +
-                    (b ? " true" : " false") + (c ? " true" : " false"));
-    _own->activateCamera(id, a, b, c);
-  }
-
-  Lines calls;
-
- private:
-  static kuKernelServiceFactory& factory() { return kuKernelServiceFactory::the(); }
-
-  kuCameraService* _own;
-};
-
-/** The host has no camera service while this lives. */
-class NoCameras {
- public:
-  NoCameras() : _own(kuKernelServiceFactory::the().getService<kuCameraService>()) {
-    kuKernelServiceFactory::the().unregisterService<kuCameraService>();
-  }
-  ~NoCameras() { kuKernelServiceFactory::the().registerService<kuCameraService>(_own); }
-  NoCameras(const NoCameras&) = delete;
-  NoCameras& operator=(const NoCameras&) = delete;
-
- private:
-  kuCameraService* _own;
 };
 
 class kuVariantSetSelectionTest : public SelectionScene {
@@ -162,6 +119,31 @@ TEST_F(kuVariantSetSelectionTest, TransformComesBeforeLight) {
   EXPECT_EQ(doorWhenLampChanges, 1u);
 }
 
+TEST_F(kuVariantSetSelectionTest, TransformComesAfterNodeAndMaterial) {
+  fill();
+  std::vector<std::string> before;
+  const MessageWatch watch([&](const PassedMessage& message) {
+    if (SceneBuilder::transformChoice(doorNode()) == 0) before.push_back(message.name);
+  });
+  select();
+  EXPECT_THAT(before,
+              ElementsAre("variantsSetSelected", "variantsNodesChanged", "nodeVariantSelected",
+                          "variantsMaterialChanged", "materialVariantSelected"));
+}
+
+TEST_F(kuVariantSetSelectionTest, StatesOfOneKindAreSelectedInTheOrderOfTheList) {
+  for (const char* name : {"C", "A", "B"}) {
+    kuVariants::createNodeVariant(scene.group(name), false);
+    set().addNodeVariant(name, "!Enable");
+  }
+  messages.clear();
+  select();
+  EXPECT_THAT(messages.linesOf("nodeVariantSelected"),
+              ElementsAre("nodeVariantSelected/1 variant:void*=kuVariant C",
+                          "nodeVariantSelected/1 variant:void*=kuVariant A",
+                          "nodeVariantSelected/1 variant:void*=kuVariant B"));
+}
+
 TEST_F(kuVariantSetSelectionTest, ThreeCountedStatesOpenNoCache) {
   set().addNodeVariant("a", "s");
   set().addMaterialVariant("b", "s");
@@ -199,42 +181,6 @@ TEST_F(kuVariantSetSelectionTest, CacheThatIsOpenStaysOpen) {
   kuScenegraph::clearFindCache();
 }
 
-TEST_F(kuVariantSetSelectionTest, SequentialAnimationsStartOneByOneAndWrap) {
-  for (const char* name : {"A", "B", "C"})
-    set().addAnimation(name);
-  set().setSequentialAnimation(true);
-  for (int i = 0; i < 4; ++i)
-    select();
-  EXPECT_THAT(startedAnimations(), ElementsAre("A", "B", "C", "A"));
-}
-
-TEST_F(kuVariantSetSelectionTest, CursorBehindAShortenedListWraps) {
-  for (const char* name : {"A", "B", "C"})
-    set().addAnimation(name);
-  set().setSequentialAnimation(true);
-  select();
-  select();
-  set().removeAnimation("B");
-  set().removeAnimation("C");
-  select();
-  EXPECT_THAT(startedAnimations(), ElementsAre("A", "B", "A"));
-}
-
-TEST_F(kuVariantSetSelectionTest, SequentialSetWithoutAnimationsStartsNone) {
-  set().setSequentialAnimation(true);
-  select();
-  set().addAnimation("A");
-  select();
-  EXPECT_THAT(startedAnimations(), ElementsAre("A"));
-}
-
-TEST_F(kuVariantSetSelectionTest, AnimationStartTellsWhetherItIsInstantaneous) {
-  set().addAnimation("A");
-  select();
-  EXPECT_THAT(messages.linesOf("animationStart"),
-              ElementsAre("animationStart/1 animation-name:string=A instantaneous:bool=false"));
-}
-
 TEST_F(kuVariantSetSelectionTest, WithoutExecutionOnlyStatesAndFirstViewpointTakeEffect) {
   fill();
   set().setSequentialAnimation(true);
@@ -246,55 +192,6 @@ TEST_F(kuVariantSetSelectionTest, WithoutExecutionOnlyStatesAndFirstViewpointTak
   EXPECT_THAT(startedAnimations(), IsEmpty());
   select();
   EXPECT_THAT(startedAnimations(), ElementsAre("D"));  // the cursor stood at the first
-}
-
-TEST_F(kuVariantSetSelectionTest, SkippedViewpointsLeaveTheCameraAloneAndTheScriptRuns) {
-  fill();
-  RecordingCameras cameras;
-  set().select(true, true, false);
-  EXPECT_THAT(cameras.calls, IsEmpty());
-  EXPECT_EQ(viewpoint(), "");
-  EXPECT_TRUE(ClippingSettings::the().hideScene);
-}
-
-TEST_F(kuVariantSetSelectionTest, FirstAndDefaultViewpointDifferInOneFlag) {
-  fill();
-  RecordingCameras cameras;
-  select();
-  EXPECT_THAT(cameras.calls, ElementsAre("Front false false true", "Rear false true true"));
-}
-
-TEST_F(kuVariantSetSelectionTest, UnknownViewpointsArePassedOver) {
-  set().addViewpoint("absent");
-  set().addViewpoint("Front");
-  set().setDefaultViewpoint("absent too");
-  select();
-  EXPECT_EQ(viewpoint(), "");
-}
-
-TEST_F(kuVariantSetSelectionTest, MissingCameraServiceIsPassedOverAndAskedForOnce) {
-  fill();
-  const NoCameras none;
-  testing::internal::CaptureStderr();
-  select();
-  const std::string told = testing::internal::GetCapturedStderr();
-  const std::string expected = "kuKernelServiceFactory: couldn't find class '";
-  EXPECT_EQ(told.rfind(expected), 0u) << told;
-  EXPECT_EQ(viewpoint(), "");
-  EXPECT_EQ(SceneBuilder::choice(badgeNode()), 1);
-  EXPECT_THAT(startedAnimations(), ElementsAre("D", "W"));
-}
-
-TEST_F(kuVariantSetSelectionTest, CameraServiceThatGoesDuringTheSelectionIsPassedOver) {
-  fill();
-  std::unique_ptr<NoCameras> none;
-  {
-    const MessageWatch watch([&](const PassedMessage& message) {
-      if (message.name == "animationStart" && !none) none = std::make_unique<NoCameras>();
-    });
-    select();
-  }
-  EXPECT_EQ(viewpoint(), "Front");
 }
 
 TEST_F(kuVariantSetSelectionTest, ClippingSettingsAreAppliedAfterTheScript) {
@@ -326,6 +223,7 @@ TEST_F(kuVariantSetSelectionTest, TargetNodesAreShownWithTheirSubTrees) {
   set().addTargetNodeName("Body");
   set().setInclInfo(true, false, false, false, false, false);
   select();
+  EXPECT_EQ(HostState::the().showNodesCalls, 1u);
   EXPECT_TRUE(body->getActive());
   EXPECT_TRUE(seat->getActive());
   EXPECT_FALSE(other->getActive());
@@ -343,6 +241,20 @@ TEST_F(kuVariantSetSelectionTest, SceneplatesAreShownWhereTheSetIncludesThem) {
   EXPECT_TRUE(badgeNode()->getActive());
 }
 
+TEST_F(kuVariantSetSelectionTest, TargetNodesAreShownAfterTheFirstMessageAndBeforeTheStates) {
+  const auto body = scene.group("Body");
+  SceneBuilder::setActive(body, false);
+  set().addTargetNodeName("Body");
+  set().setInclInfo(true, false, false, false, false, false);
+  set().addNodeVariant("Roof", "Closed");
+  std::vector<bool> shown;
+  const MessageWatch watch([&](const PassedMessage&) { shown.push_back(body->getActive()); });
+  select();
+  ASSERT_EQ(shown.size(), 5u);
+  EXPECT_FALSE(shown[0]);  // variantsSetSelected
+  EXPECT_TRUE(shown[1]);   // variantsNodesChanged
+}
+
 TEST_F(kuVariantSetSelectionTest, NothingIsShownWhereTheSetIncludesNeitherNodesNorSceneplates) {
   const auto body = scene.group("Body");
   SceneBuilder::setActive(body, false);
@@ -350,6 +262,7 @@ TEST_F(kuVariantSetSelectionTest, NothingIsShownWhereTheSetIncludesNeitherNodesN
   set().addTargetNodeName("Body");
   set().setInclInfo(false, true, true, true, true, false);
   select();
+  EXPECT_EQ(HostState::the().showNodesCalls, 1u);  // all the same, without a node
   EXPECT_FALSE(body->getActive());
   EXPECT_FALSE(badgeNode()->getActive());
 }
@@ -358,6 +271,7 @@ TEST_F(kuVariantSetSelectionTest, SceneplatesStayHiddenWithoutTargetNodes) {
   SceneBuilder::setActive(badgeNode(), false);
   set().setInclInfo(true, false, false, false, false, true);
   select();
+  EXPECT_EQ(HostState::the().showNodesCalls, 0u);
   EXPECT_FALSE(badgeNode()->getActive());
 }
 
@@ -420,6 +334,29 @@ TEST_F(kuVariantSetSelectionTest, DefaultsAreSelectedWithLightBeforeTransformAnd
   EXPECT_TRUE(lastFrameAtOnce());
 }
 
+TEST_F(kuVariantSetSelectionTest, DefaultsAskForTheirFrameAfterTheLastMessage) {
+  std::uint64_t framesAtTheEnd = 7;
+  const MessageWatch watch([&](const PassedMessage& message) {
+    if (message.name == "variantSetSelected") framesAtTheEnd = frames();
+  });
+  set().selectDefault();
+  EXPECT_EQ(framesAtTheEnd, 0u);
+  EXPECT_EQ(frames(), 1u);
+}
+
+TEST_F(kuVariantSetSelectionTest, DefaultsPassOverRemovedVariantsAndGoOn) {
+  kuVariants::createNodeVariant(scene.switchNode("Boot", 0, {"Shut", "Lifted"}), false);
+  kuVariants::findVariant(NodeVariantType, "Boot")->setDefault("Lifted");
+  set().addNodeVariant("Roof", "Closed");
+  set().addNodeVariant("Boot", "Shut");
+  kuVariants::removeNodeVariant("Roof");
+  messages.clear();
+  set().selectDefault();
+  EXPECT_EQ(SceneBuilder::choice(kuScenegraph::findNode("Boot").getNode()), 1);
+  EXPECT_THAT(messages.linesOf("nodeVariantSelected"),
+              ElementsAre("nodeVariantSelected/1 variant:void*=kuVariant Boot"));
+}
+
 TEST_F(kuVariantSetSelectionTest, DefaultsOfASetWithOnlyOverlaysSendMessagesAndChangeNothing) {
   set().addOverlayVariant("Badge", "Large");
   set().selectDefault();
@@ -462,6 +399,25 @@ TEST_F(kuVariantSetSelectionTest, SelectionByNameReadsUtf8) {
   messages.clear();
   kuVariants::selectVariantSet("Fr\xc3\xbchling", false);
   EXPECT_EQ(messages.lines().at(0), "variantsSetSelected/1 variantSetName:string=Fr\xc3\xbchling");
+}
+
+TEST_F(kuVariantSetSelectionTest, SelectionByTheEmptyNameFindsNoNamelessSet) {
+  set().setName("");
+  messages.clear();
+  kuVariants::selectVariantSet("", false);
+  kuVariants::selectVariantSet(nullptr, false);
+  EXPECT_EQ(HostState::the().antialiasingCancels, 2u);
+  EXPECT_THAT(messages.lines(), IsEmpty());
+}
+
+TEST_F(kuVariantSetSelectionTest, AntialiasingIsStoppedBeforeTheSelection) {
+  std::uint64_t cancelsAtTheFirstMessage = 0;
+  const MessageWatch watch([&](const PassedMessage& message) {
+    if (message.name == "variantsSetSelected" && !cancelsAtTheFirstMessage)
+      cancelsAtTheFirstMessage = HostState::the().antialiasingCancels;
+  });
+  kuVariants::selectVariantSet("Summer", false);
+  EXPECT_EQ(cancelsAtTheFirstMessage, 1u);
 }
 
 TEST_F(kuVariantSetSelectionTest, SelectionByAnUnknownNameOnlyStopsAntialiasing) {

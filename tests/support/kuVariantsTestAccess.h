@@ -16,6 +16,7 @@
  * member adds a static function here that forwards to it.
  */
 struct kuVariantsTestAccess {
+  static int& animationCursor(kuVariantSet& set) { return set.animationCursor; }
   static kuAnalyzerVariant clipping(int clipState) {
     kuAnalyzerVariant settings;
     settings.clipState = clipState;
