@@ -24,8 +24,10 @@ class kuNamedList final : private kuNameObserver {
   const std::vector<Entry*>& entries() const { return _entries; }
 
   /** The first entry of that name, or null; null for the empty name. */
-  Entry* find(const QString& name) const {
-    if (name.isEmpty()) return nullptr;
+  Entry* find(const QString& name) const { return name.isEmpty() ? nullptr : first(name); }
+
+  /** The same, but the empty name is one like any other: it finds a nameless entry. */
+  Entry* first(const QString& name) const {
     const auto found = _names.constFind(name);
     return found == _names.constEnd() ? nullptr : found->front().entry;
   }

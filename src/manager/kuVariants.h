@@ -104,7 +104,7 @@ class KUVARIANTS_EXPORT kuVariants {
                                         kuVariantGroup* group);
   static kuVariantSet* findVariantSet(const QString& name);
   static kuVariantSet* getVariantSet(unsigned id);
-  /** Always true; silent where there is no such set. */
+  /** Always true; silent where there is no such set. The empty name removes a nameless one. */
   static bool removeVariantSet(const QString& name);
   static void clearVariantSets();
   /** @p base itself if no set bears it, otherwise a name made from it that is free. */
@@ -116,7 +116,7 @@ class KUVARIANTS_EXPORT kuVariants {
   static kuVariantGroup* findVariantGroup(const QString& name);
   static kuVariantGroup* getVariantGroup(unsigned id);
   static int countVariantGroup(const QString& name);
-  /** Always true; its sets live on, ungrouped. */
+  /** As removeVariantSet; the group's sets live on, ungrouped. */
   static bool removeVariantGroup(const QString& name);
   static void clearVariantGroups();
   static QString getUniqueVariantGroupName(QString base);

@@ -48,8 +48,9 @@ kuVariantGroup* kuVariants::getVariantGroup(unsigned id) {
 
 int kuVariants::countVariantGroup(const QString& name) { return _variantGroups.count(name); }
 
+// As with sets, a nameless group goes by its empty name.
 bool kuVariants::removeVariantGroup(const QString& name) {
-  kuVariantGroup* found = _variantGroups.find(name);
+  kuVariantGroup* found = _variantGroups.first(name);
   if (!found) return true;
   _variantGroups.remove(found);
   const std::unique_ptr<kuVariantGroup> removed(found);  // alive while the message is delivered

@@ -52,7 +52,5 @@ void kuVariants::sendVariantsChanged() {
 
 void kuVariants::showConnectedVariants(QString setName) {
   // Unlike findVariantSet this finds a nameless set too.
-  for (kuVariantSet* set : getVariantSets()) {
-    if (set->getName() == setName) return set->showConnectedVariants();
-  }
+  if (kuVariantSet* set = _variantSets.first(setName)) set->showConnectedVariants();
 }

@@ -43,9 +43,10 @@ kuVariantSet* kuVariants::getVariantSet(unsigned id) {
   return found == sets.end() ? nullptr : *found;
 }
 
-// Silent where nothing was found, unlike the removal of a variant.
+// Silent where nothing was found, and a nameless set goes by its empty name: in both unlike the
+// removal of a variant.
 bool kuVariants::removeVariantSet(const QString& name) {
-  kuVariantSet* found = _variantSets.find(name);
+  kuVariantSet* found = _variantSets.first(name);
   if (!found) return true;
   _variantSets.remove(found);
   const std::unique_ptr<kuVariantSet> removed(found);  // alive while the message is delivered

@@ -64,6 +64,7 @@ class Walked {
     const auto found = std::find_if(_plain.begin(), _plain.end(), bears);
     kuNodeVariant* expected = name.isEmpty() || found == _plain.end() ? nullptr : *found;
     EXPECT_EQ(list.find(name), expected) << text;
+    EXPECT_EQ(list.first(name), found == _plain.end() ? nullptr : *found) << text;
     EXPECT_EQ(list.count(name), std::count_if(_plain.begin(), _plain.end(), bears)) << text;
   }
 

@@ -69,6 +69,57 @@ TEST_F(kuVariantsGroupsTest, GroupsAreFoundByNameAndById) {
   EXPECT_EQ(kuVariants::getVariantGroup(hours->id() + 1), nullptr);
 }
 
+TEST_F(kuVariantsGroupsTest, RemovedGroupIsNotFoundByItsIdAndTheOthersStillAre) {
+  const auto seasons = make("Seasons")->id();
+  kuVariantGroup* hours = make("Hours");
+  kuVariants::removeVariantGroup("Seasons");
+  EXPECT_EQ(kuVariants::getVariantGroup(seasons), nullptr);
+  EXPECT_EQ(kuVariants::getVariantGroup(hours->id()), hours);
+}
+
+TEST_F(kuVariantsGroupsTest, NamelessGroupsCountAndAreRemovedByTheEmptyName) {
+  make("Seasons")->setName("");
+  make("Hours")->setName("");
+  EXPECT_EQ(kuVariants::countVariantGroup(""), 2);
+  messages.clear();
+  EXPECT_TRUE(kuVariants::removeVariantGroup(""));
+  EXPECT_EQ(kuVariants::countVariantGroup(""), 1);
+  EXPECT_THAT(messages.lines(), ElementsAre("variantGroupRemoved/1 variant:void*=unlisted"));
+}
+
+TEST_F(kuVariantsGroupsTest, RemovalAmongEqualNamesTakesTheFirst) {
+  kuVariantGroup* seasons = make("Seasons");
+  kuVariantGroup* hours = make("Hours");
+  kuVariantGroup* days = make("Days");
+  hours->setName("Seasons");
+  days->setName("Seasons");
+  EXPECT_EQ(kuVariants::countVariantGroup("Seasons"), 3);
+  EXPECT_EQ(kuVariants::findVariantGroup("Seasons"), seasons);
+  kuVariants::removeVariantGroup("Seasons");
+  EXPECT_THAT(kuVariants::getVariantGroups(), ElementsAre(hours, days));
+  EXPECT_EQ(kuVariants::countVariantGroup("Seasons"), 2);
+  hours->setName("Hours");
+  EXPECT_EQ(kuVariants::findVariantGroup("Seasons"), days);
+}
+
+TEST_F(kuVariantsGroupsTest, NewGroupHasItsVisibilityWhenItIsAnnounced) {
+  bool visible = true;
+  const kuStandalone::MessageWatch watch([&](const kuStandalone::PassedMessage&) {
+    visible = kuVariants::findVariantGroup("Seasons")->getVisible();
+  });
+  kuVariants::createVariantGroup("Seasons", true, false);
+  EXPECT_FALSE(visible);
+}
+
+TEST_F(kuVariantsGroupsTest, GroupsAreGoneWhenTheirClearingIsTold) {
+  make("Seasons");
+  std::size_t left = 7;
+  const kuStandalone::MessageWatch watch(
+      [&](const kuStandalone::PassedMessage&) { left = kuVariants::getVariantGroups().size(); });
+  kuVariants::clearVariantGroups();
+  EXPECT_EQ(left, 0u);
+}
+
 TEST_F(kuVariantsGroupsTest, CountTellsHowManyBearTheName) {
   make("Seasons");
   kuVariantGroup* hours = make("Hours");

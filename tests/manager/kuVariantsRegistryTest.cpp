@@ -145,6 +145,33 @@ TEST_P(KindsOfVariants, RemovalIsAnnouncedWithoutAttributes) {
   EXPECT_THAT(messages.lines(), ElementsAre(kind.removed));
 }
 
+TEST_P(KindsOfVariants, VariantsAreGoneWhenTheirRemovalOrClearingIsTold) {
+  std::vector<std::size_t> counts;
+  const kuStandalone::MessageWatch watch(
+      [&](const kuStandalone::PassedMessage&) { counts.push_back(kind.count()); });
+  kind.create("Roof", false);
+  kind.create("Door", false);
+  kind.remove("Roof");
+  kind.clear();
+  EXPECT_THAT(counts, ElementsAre(1u, 0u));
+}
+
+TEST_P(KindsOfVariants, ListsKeepTheOrderOfCreationAmongNamesThatMove) {
+  kuVariant* a = kind.create("A", false);
+  kuVariant* b = kind.create("B", false);
+  kuVariant* c = kind.create("C", false);
+  c->setName("A");
+  EXPECT_EQ(kind.find("A"), a);
+  a->setName("B");
+  EXPECT_EQ(kind.find("A"), c);
+  EXPECT_EQ(kind.find("B"), a);
+  a->setName("A");
+  EXPECT_EQ(kind.find("A"), a);
+  EXPECT_EQ(kind.find("B"), b);
+  EXPECT_EQ(kind.create("A", true), a);
+  EXPECT_THAT(messages.lines(), IsEmpty());
+}
+
 TEST_P(KindsOfVariants, RemovalOfAnUnknownNameIsAnnouncedAndTrue) {
   kind.create("Roof", false);
   EXPECT_TRUE(kind.remove("Door"));

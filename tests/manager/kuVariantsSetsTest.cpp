@@ -112,6 +112,43 @@ TEST_F(kuVariantsSetsTest, RemovalOfAnUnknownSetIsTrueAndSilent) {
   EXPECT_THAT(messages.lines(), IsEmpty());
 }
 
+TEST_F(kuVariantsSetsTest, NamelessSetIsRemovedByTheEmptyName) {
+  make("Summer")->setName("");
+  const kuVariantSet* winter = make("Winter");
+  messages.clear();
+  EXPECT_TRUE(kuVariants::removeVariantSet(""));
+  EXPECT_THAT(kuVariants::getVariantSets(), ElementsAre(winter));
+  EXPECT_THAT(messages.lines(), ElementsAre("variantSetRemoved/1 variant:void*=unlisted"));
+}
+
+TEST_F(kuVariantsSetsTest, RemovedSetIsNotFoundByItsIdAndTheOthersStillAre) {
+  const auto summer = make("Summer")->id();
+  kuVariantSet* winter = make("Winter");
+  kuVariants::removeVariantSet("Summer");
+  EXPECT_EQ(kuVariants::getVariantSet(summer), nullptr);
+  EXPECT_EQ(kuVariants::getVariantSet(winter->id()), winter);
+  EXPECT_EQ(kuVariants::getVariantSet(0), nullptr);
+  EXPECT_EQ(make("Summer")->id(), winter->id() + 1);
+}
+
+TEST_F(kuVariantsSetsTest, NewSetStandsInItsGroupWhenItIsAnnounced) {
+  kuVariantGroup* seasons = kuVariants::createVariantGroup("Seasons", false, true);
+  std::size_t inGroup = 0;
+  const kuStandalone::MessageWatch watch(
+      [&](const kuStandalone::PassedMessage&) { inGroup = seasons->getVariantSets().size(); });
+  kuVariants::createVariantSet("Summer", true, seasons);
+  EXPECT_EQ(inGroup, 1u);
+}
+
+TEST_F(kuVariantsSetsTest, SetsAreGoneWhenTheirClearingIsTold) {
+  make("Summer");
+  std::size_t left = 7;
+  const kuStandalone::MessageWatch watch(
+      [&](const kuStandalone::PassedMessage&) { left = kuVariants::getVariantSets().size(); });
+  kuVariants::clearVariantSets();
+  EXPECT_EQ(left, 0u);
+}
+
 TEST_F(kuVariantsSetsTest, RemovedVariantLeavesItsStatesInTheSets) {
   kuVariants::createNodeVariant("Roof", false);
   kuVariantSet* summer = make("Summer");
