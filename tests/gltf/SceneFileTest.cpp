@@ -57,9 +57,9 @@ TEST(SceneFile, HostileFilesAreRefusedWithPlaceAndReason) {
       {withNodes(R"({"extras":{"switch":1e99}})"),
        "f: nodes[0].extras.switch: is no whole number in range"},
       {withNodes(R"({"extras":{"materialGroup":{"material":3}}})"),
-       "f: nodes[0].extras.materialGroup.material: there is no such material"},
+       "f: nodes[0].extras.materialGroup.material: there are 0 and no such one"},
       {gltf(R"("materials":[{"extras":{"switch":{"materials":[1]}}}])"),
-       "f: materials[0].extras.switch.materials[0]: there is no such material"},
+       "f: materials[0].extras.switch.materials[0]: there are 1 and no such one"},
       {gltf(R"("materials":[{"extras":{"switch":{"materials":[0]}}}])"),
        "f: materials[0]: contains itself or lies too deep"},
   };

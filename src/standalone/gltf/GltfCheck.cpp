@@ -1,16 +1,18 @@
 #include <array>
-#include <cmath>
 #include <vector>
 
-#include "standalone/gltf/GltfJson.h"
+#include "standalone/gltf/GltfValues.h"
 
 namespace kuStandalone {
 namespace {
 
 constexpr std::array supportedExtensions = {"KHR_node_visibility", "KHR_lights_punctual",
                                             "KHR_materials_variants"};
-constexpr std::array collections = {"nodes",   "scenes",    "meshes",      "materials", "cameras",
-                                    "buffers", "accessors", "bufferViews", "animations"};
+constexpr std::array collections = {"nodes",   "scenes",    "meshes",      "materials",  "cameras",
+                                    "buffers", "accessors", "bufferViews", "animations", "images",
+                                    "skins",   "textures",  "samplers"};
+constexpr std::array textures = {"normalTexture", "occlusionTexture", "emissiveTexture",
+                                 "baseColorTexture", "metallicRoughnessTexture"};
 
 struct IndexRule {
   const char* list;
@@ -19,26 +21,15 @@ struct IndexRule {
 };
 constexpr std::array indexRules = {IndexRule{"nodes", "mesh", "meshes"},
                                    IndexRule{"nodes", "camera", "cameras"},
+                                   IndexRule{"nodes", "skin", "skins"},
+                                   IndexRule{"images", "bufferView", "bufferViews"},
+                                   IndexRule{"textures", "source", "images"},
+                                   IndexRule{"textures", "sampler", "samplers"},
                                    IndexRule{"bufferViews", "buffer", "buffers"},
                                    IndexRule{"accessors", "bufferView", "bufferViews"}};
 
-struct LengthRule {
-  const char* member;
-  int length;
-};
-constexpr std::array lengthRules = {LengthRule{"translation", 3}, LengthRule{"rotation", 4},
-                                    LengthRule{"scale", 3}, LengthRule{"matrix", 16}};
-
 QJsonArray listOf(const QJsonObject& root, const char* name) {
   return root[QLatin1String(name)].toArray();
-}
-
-void checkIndex(const QJsonValue& value, int count, const std::string& place) {
-  const double index = value.toDouble(-1);
-  if (!value.isDouble() || index != std::floor(index)) throw GltfRefusal(place, "is no index");
-  if (index < 0 || index >= count) {
-    throw GltfRefusal(place, "there are " + std::to_string(count) + " and no such one");
-  }
 }
 
 void checkVersion(const QJsonObject& root) {
@@ -82,24 +73,43 @@ void checkIndices(const QJsonObject& root) {
     int index = 0;
     for (const QJsonValue& entry : listOf(root, rule.list)) {
       const QJsonValue value = entry.toObject().value(QLatin1String(rule.member));
-      if (!value.isUndefined()) checkIndex(value, count, gltfPlace(rule.list, index, rule.member));
+      if (!value.isUndefined())
+        neededIndexIn(value, count, gltfPlace(rule.list, index, rule.member));
       ++index;
     }
   }
 }
 
-void checkTransforms(const QJsonArray& nodes) {
-  for (int index = 0; index < nodes.size(); ++index) {
-    const QJsonObject node = nodes[index].toObject();
-    for (const LengthRule& rule : lengthRules) {
-      const QJsonValue value = node[QLatin1String(rule.member)];
-      if (value.isUndefined()) continue;
-      bool fits = value.isArray() && value.toArray().size() == rule.length;
-      for (const QJsonValue& number : value.toArray())
-        fits = fits && number.isDouble();
-      if (!fits) {
-        throw GltfRefusal(gltfPlace("nodes", index, rule.member),
-                          "is not " + std::to_string(rule.length) + " numbers");
+/** Names, extras and extensions of the wrong type would be lost without a word. */
+void checkCommonMembers(const QJsonObject& root) {
+  for (const char* name : collections) {
+    int index = 0;
+    for (const QJsonValue& value : listOf(root, name)) {
+      const QJsonObject entry = value.toObject();
+      const std::string prefix = gltfPlace(name, index++) + ".";
+      if (entry.contains("name")) textOf(entry["name"], prefix + "name");
+      if (entry.contains("extras")) objectOf(entry["extras"], prefix + "extras");
+      if (!entry.contains("extensions")) continue;
+      const QJsonObject extensions = objectOf(entry["extensions"], prefix + "extensions");
+      for (auto one = extensions.begin(); one != extensions.end(); ++one)
+        objectOf(*one, prefix + "extensions." + one.key().toStdString());
+    }
+  }
+  objectOf(root["extensions"], "extensions");
+}
+
+void checkTextures(const QJsonObject& root) {
+  const int count = listOf(root, "textures").size();
+  int index = 0;
+  for (const QJsonValue& value : listOf(root, "materials")) {
+    const QJsonObject material = value.toObject();
+    const std::string prefix = gltfPlace("materials", index++) + ".";
+    const QJsonObject surface =
+        objectOf(material["pbrMetallicRoughness"], prefix + "pbrMetallicRoughness");
+    for (const char* name : textures) {
+      for (const QJsonObject& owner : {material, surface}) {
+        const QJsonObject texture = objectOf(owner[QLatin1String(name)], prefix + name);
+        indexIn(texture["index"], count, prefix + name + ".index");
       }
     }
   }
@@ -116,7 +126,7 @@ std::vector<int> parentsOf(const QJsonArray& nodes) {
     for (const QJsonValue& child : list.toArray()) {
       const std::string where =
           gltfPlace("nodes", index, "children[" + std::to_string(place++) + "]");
-      checkIndex(child, nodes.size(), where);
+      neededIndexIn(child, nodes.size(), where);
       int& parent = parents[std::size_t(child.toInt())];
       if (parent >= 0) throw GltfRefusal(where, "the node has a parent already");
       parent = index;
@@ -148,7 +158,7 @@ void checkDepth(const std::vector<int>& parents, std::size_t maximalDepth) {
 
 void checkScenes(const QJsonObject& root, const std::vector<int>& parents) {
   const QJsonArray scenes = listOf(root, "scenes");
-  if (!root["scene"].isUndefined()) checkIndex(root["scene"], scenes.size(), "scene");
+  if (!root["scene"].isUndefined()) neededIndexIn(root["scene"], scenes.size(), "scene");
   for (int index = 0; index < scenes.size(); ++index) {
     const QJsonValue list = scenes[index].toObject().value("nodes");
     if (!list.isUndefined() && !list.isArray()) {
@@ -159,7 +169,7 @@ void checkScenes(const QJsonObject& root, const std::vector<int>& parents) {
     for (const QJsonValue& node : list.toArray()) {
       const std::string where =
           gltfPlace("scenes", index, "nodes[" + std::to_string(place++) + "]");
-      checkIndex(node, int(parents.size()), where);
+      neededIndexIn(node, int(parents.size()), where);
       const auto which = std::size_t(node.toInt());
       if (parents[which] >= 0) throw GltfRefusal(where, "the node lies below another");
       if (seen[which]) throw GltfRefusal(where, "the node is named twice");
@@ -175,9 +185,9 @@ void checkGltf(const QJsonObject& root, std::size_t maximalDepth) {
   checkExtensions(root);
   checkCollections(root);
   checkIndices(root);
-  const QJsonArray nodes = listOf(root, "nodes");
-  checkTransforms(nodes);
-  const std::vector<int> parents = parentsOf(nodes);
+  checkCommonMembers(root);
+  checkTextures(root);
+  const std::vector<int> parents = parentsOf(listOf(root, "nodes"));
   checkDepth(parents, maximalDepth);
   checkScenes(root, parents);
 }

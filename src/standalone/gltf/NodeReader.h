@@ -1,10 +1,7 @@
 #pragma once
 
-#include <QJsonArray>
-#include <QJsonObject>
-#include <map>
-#include <vector>
-
+#include "standalone/gltf/CloneMaker.h"
+#include "standalone/gltf/CoreReader.h"
 #include "standalone/gltf/SceneFile.h"
 
 namespace kuStandalone {
@@ -12,30 +9,34 @@ namespace kuStandalone {
 /** Makes the nodes of a checked file, and their cameras, in a new scene. Throws GltfRefusal. */
 class NodeReader {
  public:
-  NodeReader(const QJsonObject& root, Scene& scene, std::vector<osg::MaterialPtr> materials,
+  /** @param materials the file's by index; all but @p root live longer than the reader. */
+  NodeReader(const QJsonObject& root, Scene& scene, const std::vector<osg::MaterialPtr>& materials,
              const SceneLimits& limits);
 
-  /** Reads the scene's top-level nodes and all below them. */
+  /** Reads the scene's top-level nodes and all below them; once. */
   void read(const QJsonArray& topLevel);
 
-  std::vector<std::string> warnings;
+  /** The scene's node of each of the file's; null for those that are not in the scene. */
+  const std::vector<osg::NodePtr>& nodes() const { return _made; }
 
  private:
-  osg::NodePtr make(int index, bool topLevel);
-  osg::NodeCorePtr makeCore(int index, const QJsonObject& node, const QJsonObject& extras);
-  osg::NodeCorePtr makeTransforms(int index, const QJsonObject& extras) const;
-  osg::MaterialPtr materialAt(const QJsonValue& index, const std::string& place) const;
-  osg::NodeCorePtr geometryCore(int mesh, int primitive);
+  osg::NodePtr make(int index, std::vector<osg::NodePtr>& made);
+  osg::NodePtr nodeToClone(int index);
   void addGeometries(const osg::NodePtr& node, int mesh);
+  void addContent(const osg::NodePtr& node, int index, const QJsonObject& json);
+  void addCameras();
   void addCamera(const osg::NodePtr& node, int index);
   void count();
 
-  QJsonArray _nodes, _meshes, _cameras;
+  QJsonArray _nodes, _cameras;
   Scene& _scene;
-  std::vector<osg::MaterialPtr> _materials;
   SceneLimits _limits;
+  CoreReader _cores;
+  CloneMaker _clones;
   std::size_t _count = 0;
-  std::map<std::pair<int, int>, osg::NodeCorePtr> _geometries;
+  std::vector<osg::NodePtr> _made;
+  /** Nodes that are in no scene and whose content a clone shows; they live as long as this. */
+  std::vector<osg::NodePtr> _outside;
 };
 
 }  // namespace kuStandalone

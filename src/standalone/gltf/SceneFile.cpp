@@ -3,10 +3,13 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include "standalone/gltf/GltfJson.h"
-#include "standalone/gltf/GltfSource.h"
+#include "standalone/gltf/AnimationReader.h"
+#include "standalone/gltf/BufferReader.h"
 #include "standalone/gltf/MaterialReader.h"
 #include "standalone/gltf/NodeReader.h"
+#include "standalone/gltf/PrimitiveCheck.h"
+#include "standalone/gltf/RoleCheck.h"
+#include "standalone/gltf/SceneExtras.h"
 
 namespace kuStandalone {
 namespace {
@@ -25,59 +28,59 @@ QJsonObject presentScene(const QJsonObject& root) {
   return root["scenes"].toArray()[root["scene"].toInt(0)].toObject();
 }
 
-void readExtras(const QJsonObject& extras, Scene& scene) {
-  const QJsonObject blocks = extras["animationBlocks"].toObject();
-  for (auto block = blocks.begin(); block != blocks.end(); ++block) {
-    std::vector<std::string>& clips = scene.animationBlocks[block.key().toStdString()];
-    for (const QJsonValue& clip : block->toArray())
-      clips.push_back(clip.toString().toStdString());
-  }
-  scene.activeViewpoint = extras["activeCamera"].toString().toStdString();
-}
-
-void noteWhatIsLeftAlone(const QJsonObject& root, std::vector<std::string>& warnings) {
-  if (root["scenes"].toArray().isEmpty()) warnings.push_back("scenes: there is none");
-  if (root.contains("animations")) warnings.push_back("animations: are left alone");
-  if (presentScene(root).value("extras").toObject().contains("viewpoints")) {
-    warnings.push_back("scene: viewpoints are left alone");
-  }
-}
-
-SceneLoadResult build(const QByteArray& bytes, const SceneLimits& limits) {
-  const QJsonObject root = parseGltf(bytes).root;
-  checkGltf(root, limits.depth);
-  SceneLoadResult result;
-  auto scene = std::make_unique<Scene>();
-  NodeReader reader(root, *scene, readMaterials(root, *scene), limits);
-  reader.read(presentScene(root).value("nodes").toArray());
-  readExtras(presentScene(root).value("extras").toObject(), *scene);
-  result.warnings = std::move(reader.warnings);
-  noteWhatIsLeftAlone(root, result.warnings);
+SceneLoadResult build(const QByteArray& bytes, UriReader files, const SceneLimits& limits) {
+  const GltfContent content = parseGltf(bytes);
   auto source = std::make_shared<GltfSource>();
-  source->root = root;
+  source->root = content.root;
+  checkGltf(source->root, limits.depth);
+  GltfWarnings warnings;
+  checkRoles(source->root, warnings);
+  readBuffers(*source, content.binary, files);
+  checkPrimitives(*source, warnings);
+
+  auto scene = std::make_unique<Scene>();
+  const std::vector<osg::MaterialPtr> materials = readMaterials(source->root, *scene);
+  const QJsonObject present = presentScene(source->root);
+  NodeReader nodes(source->root, *scene, materials, limits);
+  nodes.read(present["nodes"].toArray());
+  readAnimations(*source, nodes.nodes(), *scene, warnings);
+  readSceneExtras(present["extras"].toObject(), *scene, warnings);
   scene->source = std::move(source);
+
+  SceneLoadResult result;
+  result.warnings = warnings.take();
   result.scene = std::move(scene);
   result.status = Status::Loaded;
   return result;
+}
+
+SceneLoadResult load(const QByteArray& bytes, const std::string& name, UriReader files,
+                     const SceneLimits& limits) {
+  try {
+    SceneLoadResult result = build(bytes, std::move(files), limits);
+    for (std::string& warning : result.warnings)
+      warning = name + ": " + warning;
+    return result;
+  } catch (const GltfUnreadable& refusal) {
+    return failure(Status::CannotRead, name, refusal.what());
+  } catch (const std::exception& refusal) {
+    return failure(Status::Invalid, name, refusal.what());
+  }
 }
 
 }  // namespace
 
 SceneLoadResult loadSceneData(const QByteArray& bytes, const std::string& name,
                               const SceneLimits& limits) {
-  try {
-    SceneLoadResult result = build(bytes, limits);
-    for (std::string& warning : result.warnings)
-      warning = name + ": " + warning;
-    return result;
-  } catch (const std::exception& refusal) {
-    return failure(Status::Invalid, name, refusal.what());
-  }
+  return load(bytes, name, UriReader({}, limits.fileBytes), limits);
 }
 
 SceneLoadResult loadScene(const std::string& path, const SceneLimits& limits) {
   QFile file(QString::fromStdString(path));
   if (QFileInfo(file).isDir()) return failure(Status::CannotRead, path, "is a directory");
+  if (file.exists() && !QFileInfo(file).isFile()) {
+    return failure(Status::CannotRead, path, "is no file");
+  }
   if (!file.open(QIODevice::ReadOnly)) {
     return failure(Status::CannotRead, path, file.errorString().toStdString());
   }
@@ -88,7 +91,8 @@ SceneLoadResult loadScene(const std::string& path, const SceneLimits& limits) {
   if (file.error() != QFileDevice::NoError) {
     return failure(Status::CannotRead, path, file.errorString().toStdString());
   }
-  return loadSceneData(bytes, path, limits);
+  const std::size_t rest = limits.fileBytes - std::size_t(bytes.size());
+  return load(bytes, path, UriReader(QFileInfo(file).absolutePath(), rest), limits);
 }
 
 }  // namespace kuStandalone

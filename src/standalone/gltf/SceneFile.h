@@ -17,7 +17,7 @@ namespace kuStandalone {
 
 /** What a file may ask for; one that asks for more is refused. */
 struct SceneLimits {
-  /** Bytes of the scene file and of each file that it names. */
+  /** Bytes of the scene file and of all files that it names, together. */
   std::size_t fileBytes = std::size_t(1) << 31;
   /** Nodes of the scene, those that clones add included. */
   std::size_t nodes = 2'000'000;
