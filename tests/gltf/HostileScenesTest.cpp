@@ -100,11 +100,11 @@ TEST(HostileScenes, WrongExtrasAreRefused) {
        "materials[0].extras.switch.materials: is no array"},
       {"choice below 0",
        gltf(R"("materials":[{"extras":{"switch":{"materials":[],"choice":-1}}}])"),
-       "materials[0].extras.switch.choice: is no index"},
+       "materials[0].extras.switch.choice: is no whole number in range"},
       {"states as text", gltf(R"("materials":[{"extras":{"states":"Matte"}}])"),
-       "materials[0].extras: states or state is malformed"},
+       "materials[0].extras.states: is no array"},
       {"state below -1", gltf(R"("materials":[{"extras":{"states":[],"state":-2}}])"),
-       "materials[0].extras: states or state is malformed"},
+       "materials[0].extras.state: is no whole number in range"},
   });
 }
 
