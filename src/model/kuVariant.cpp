@@ -48,14 +48,14 @@ bool kuVariant::isAction(const QString& option) {
 
 void kuVariant::clear() { options.clear(); }
 
-// A receiver may delete this variant, and its texts with it: the state goes on as a copy.
+void kuVariant::select() { select(defaultState); }
 
-void kuVariant::select() { select(QString(defaultState)); }
-
-void kuVariant::select(const kuVariantOption& option) { select(QString(option.getName())); }
+void kuVariant::select(const kuVariantOption& option) { select(option.getName()); }
 
 void kuVariant::select(const QString& state) {
-  if (!kuSession::the().isReadyToUse()) onSelect(state);
+  // A receiver may delete this variant, and its texts with it: the state goes on as a copy.
+  const QString kept = state;
+  if (!kuSession::the().isReadyToUse()) onSelect(kept);
 }
 
 void kuVariant::onSelect(const QString&) {}

@@ -83,6 +83,35 @@ TEST(kuVariantTest, SelectPassesDefaultsOptionsAndUnknownStatesThrough) {
   EXPECT_THAT(variant.selected, ElementsAre("Open", "Shut", "unknown"));
 }
 
+/** Loses its texts while it is selected, as one does that a receiver deletes. */
+class ForgettingVariant : public kuVariant {
+ public:
+  ForgettingVariant() {
+    add("Open", "");
+    setDefault(QString("Open"));
+  }
+  QString heard;
+
+ protected:
+  void onSelect(const QString& state) override {
+    setDefault(QString("forgotten"));
+    clear();
+    heard = state;
+  }
+};
+
+TEST(kuVariantTest, TheSelectedStateOutlivesTheTextsOfTheVariant) {
+  ForgettingVariant byDefault, byOption, byText, byOptionText;
+  byDefault.select();
+  byOption.select(byOption.getOptions().front());
+  byText.select(byText.getDefault());
+  byOptionText.select(byOptionText.find("Open")->getName());
+  for (const ForgettingVariant* variant : {&byDefault, &byOption, &byText, &byOptionText}) {
+    EXPECT_EQ(variant->heard, "Open");
+    EXPECT_EQ(variant->getDefault(), "forgotten");
+  }
+}
+
 TEST(kuVariantTest, CurrentOfAPlainVariantIsEmpty) {
   kuVariant variant;
   variant.setDefault(QString("Open"));
