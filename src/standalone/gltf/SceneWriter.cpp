@@ -1,0 +1,61 @@
+#include "standalone/gltf/SceneWriter.h"
+
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include "standalone/gltf/GltfJson.h"
+#include "standalone/gltf/GltfOutput.h"
+#include "standalone/gltf/NodeWriter.h"
+#include "standalone/gltf/SceneFile.h"
+#include "standalone/gltf/ViewWriter.h"
+
+namespace kuStandalone {
+namespace {
+
+/** Writes all bytes or leaves what stands there. Answers the reason of a failure. */
+QString writeFile(const QString& path, const QByteArray& bytes) {
+  const QFileInfo present(path);
+  if (present.isDir()) return "is a directory";
+  // What is no file, a device or a pipe, would be replaced by one.
+  if (present.exists() && !present.isFile()) return "is no regular file";
+  QSaveFile file(path);
+  file.setDirectWriteFallback(false);
+  if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()) {
+    return {};
+  }
+  return file.errorString();
+}
+
+}  // namespace
+
+QByteArray sceneData(const Scene& scene, bool binary) {
+  const auto* source = dynamic_cast<const GltfSource*>(scene.source.get());
+  GltfSource data = source ? *source : GltfSource();
+  GltfDraft draft(data.root);
+  const NodeLayout layout(scene, draft);
+  MaterialWriter materials(scene, draft);
+  NodeWriter(scene, draft, layout, materials).write();
+  materials.write();
+  ViewWriter(scene, draft, layout).write();
+  const QJsonObject root = draft.finish();
+  return binary ? binaryFile(root, data) : textFile(root, data);
+}
+
+SceneSaveResult saveScene(const Scene& scene, const std::string& path) {
+  SceneSaveResult result;
+  try {
+    const QString file = QString::fromStdString(path);
+    const bool binary = file.endsWith(".glb", Qt::CaseInsensitive);
+    const QString reason = writeFile(file, sceneData(scene, binary));
+    if (reason.isEmpty()) {
+      result.status = SceneSaveResult::Status::Saved;
+    } else {
+      result.error = path + ": " + reason.toStdString();
+    }
+  } catch (const std::exception& refusal) {
+    result.error = path + ": " + refusal.what();
+  }
+  return result;
+}
+
+}  // namespace kuStandalone
