@@ -33,7 +33,8 @@ bool hasRealStates(const QString& variant) {
 
 /**
  * One set whose overlay states are brought up to date. The variants that this makes are announced,
- * and whoever hears of it may remove the set or change it: the set is looked up again.
+ * and whoever hears of it may remove the set or change it: the set is looked up again, and with a
+ * set that is gone the work ends.
  */
 class kuVariantReader::OverlayFix {
  public:
@@ -50,12 +51,14 @@ class kuVariantReader::OverlayFix {
   unsigned _id;
   QString _name;
   kuSeenNames _seen;
+  /** Null from the first announcement on: the list is no longer ours alone. */
   std::unique_ptr<kuGrowingStates> _states;
 };
 
 void kuVariantReader::OverlayFix::run(const std::vector<QString>& sceneplates) {
-  const kuVariantSet* found = set();
+  kuVariantSet* found = set();
   if (!found || found->overlayVariants.empty()) return;
+  _states = std::make_unique<kuGrowingStates>(found->overlayVariants);
   const bool hasCurrentStates =
       enableEmptyStates({found->overlayVariants.begin(), found->overlayVariants.end()});
   if (!hasCurrentStates) disableOthers(sceneplates);
@@ -71,6 +74,7 @@ kuVariantSet* kuVariantReader::OverlayFix::set() const {
 bool kuVariantReader::OverlayFix::enableEmptyStates(const std::vector<kuVariantState>& states) {
   bool hasCurrentStates = false;
   for (const kuVariantState& entry : states) {
+    if (!_states && !set()) return true;
     if (entry.getState().isEmpty() && !hasRealStates(entry.getVariant())) {
       put(entry.getVariant(), kuKeyword::Enable);
     } else {
@@ -83,29 +87,28 @@ bool kuVariantReader::OverlayFix::enableEmptyStates(const std::vector<kuVariantS
 
 void kuVariantReader::OverlayFix::disableOthers(const std::vector<QString>& sceneplates) {
   for (const QString& name : sceneplates) {
+    if (!_states && !set()) return;
     if (!_seen.contains(name)) put(name, kuKeyword::Disable);
   }
 }
 
 void kuVariantReader::OverlayFix::put(const QString& variant, kuKeyword state) {
   if (!kuVariants::findOverlayVariant(variant)) {
-    kuVariants::createOverlayVariant(variant, true);
     _states.reset();
+    kuVariants::createOverlayVariant(variant, true);
   }
-  if (!_states) {
-    kuVariantSet* found = set();
-    if (!found) return;
-    _states = std::make_unique<kuGrowingStates>(found->overlayVariants);
+  if (_states) {
+    _states->add(variant, kuKeywordText(state));
+  } else if (kuVariantSet* found = set()) {
+    found->addOverlayVariant(variant, kuKeywordText(state));
   }
-  _states->add(variant, kuKeywordText(state));
 }
 
 void kuVariantReader::fixOverlayVariants() {
   const std::vector<QString> sceneplates = sceneplateNames();
   std::vector<OverlayFix> fixes;
-  for (const kuVariantSet* set : kuVariants::getVariantSets()) {
-    if (!set->overlayVariants.empty()) fixes.emplace_back(*set);
-  }
+  for (const kuVariantSet* set : kuVariants::getVariantSets())
+    fixes.emplace_back(*set);
   for (OverlayFix& fix : fixes)
     fix.run(sceneplates);
 }
