@@ -3,25 +3,31 @@
 #include <QHash>
 #include <QSet>
 #include <QString>
+#include <QVarLengthArray>
+#include <algorithm>
 #include <list>
 
 #include "model/kuVariantState.h"
+#include "model/kuVariantStates.h"
+
+/** Up to this many entries a walk costs less than an index. */
+constexpr int kuEntriesWithoutIndex = 16;
 
 /**
- * A list of states that is being filled, with an index by variant: however many there are, none
- * costs a walk. Nobody else may change the list meanwhile.
+ * A list of states that is being filled, with an index by variant once it is long: however many
+ * there are, none costs a long walk. Nobody else may change the list meanwhile.
  */
 class kuGrowingStates {
  public:
-  explicit kuGrowingStates(std::list<kuVariantState>& states) : _states(states) {
-    // The first entry of a name is the one that counts.
-    for (kuVariantState& entry : _states) {
-      if (!_places.contains(entry.getVariant())) _places.insert(entry.getVariant(), &entry);
-    }
-  }
+  explicit kuGrowingStates(std::list<kuVariantState>& states) : _states(states) { indexIfLong(); }
 
   /** Gives the entry of that variant another state, or appends one. */
   void add(const QString& variant, const QString& state) {
+    if (_places.isEmpty()) {
+      kuVariantStates::add(_states, variant, state);
+      indexIfLong();
+      return;
+    }
     kuVariantState*& place = _places[variant];
     if (place) {
       place->setState(state);
@@ -32,6 +38,14 @@ class kuGrowingStates {
   }
 
  private:
+  void indexIfLong() {
+    if (_states.size() <= kuEntriesWithoutIndex) return;
+    // The first entry of a name is the one that counts.
+    for (kuVariantState& entry : _states) {
+      if (!_places.contains(entry.getVariant())) _places.insert(entry.getVariant(), &entry);
+    }
+  }
+
   std::list<kuVariantState>& _states;
   QHash<QString, kuVariantState*> _places;
 };
@@ -39,14 +53,22 @@ class kuGrowingStates {
 /** The names that came so far. */
 class kuSeenNames {
  public:
-  /** Whether the name came for the first time. */
+  /** Whether the name comes for the first time; from then on it has come. */
   bool isNew(const QString& name) {
-    const int before = _names.size();
-    _names.insert(name);
-    return _names.size() > before;
+    if (contains(name)) return false;
+    if (_first.size() < kuEntriesWithoutIndex) {
+      _first.append(name);
+    } else {
+      _others.insert(name);
+    }
+    return true;
   }
-  bool contains(const QString& name) const { return _names.contains(name); }
+  bool contains(const QString& name) const {
+    return std::find(_first.begin(), _first.end(), name) != _first.end() ||
+           (!_others.isEmpty() && _others.contains(name));
+  }
 
  private:
-  QSet<QString> _names;
+  QVarLengthArray<QString, kuEntriesWithoutIndex> _first;
+  QSet<QString> _others;
 };
