@@ -19,6 +19,12 @@ void report(const kuDocumentFault& fault) {
                fault.line, fault.column);
 }
 
+/** The group of that number, or null; by name first, which costs no walk over all groups. */
+kuVariantGroup* groupOf(unsigned id, const QString& name) {
+  kuVariantGroup* found = kuVariants::findVariantGroup(name);
+  return found && found->id() == id ? found : kuVariants::getVariantGroup(id);
+}
+
 }  // namespace
 
 void kuVariantReader::read(char const* text) {
@@ -86,7 +92,7 @@ kuVariantGroup* kuVariantReader::readVariantGroup(QDomElement& element) {
     if (set.tagName() != QLatin1String("VariantSet")) continue;
     // A set of the same name is removed, and whoever hears of that may remove this group.
     kuVariantSet* read = readVariantSet(set, true);
-    group = kuVariants::getVariantGroup(id);
+    group = groupOf(id, name.value());
     if (group && read) group->add(read);
   }
   return group;
@@ -106,6 +112,7 @@ void kuVariantReader::readGroupAttributes(QDomElement& element, kuVariantGroup& 
 }
 
 QString kuVariantReader::normalizeHotkeyText(const QString& text) {
+  if (text.isEmpty()) return text;  // most are
   QString normalized = text.trimmed();
   return normalized.replace('-', '+').replace(' ', '+');
 }
