@@ -71,6 +71,27 @@ constexpr SetRow rows[] = {
     {"PreviewInCData", "", "<Preview><![CDATA[YWJj]]></Preview>", "set S preview=abc\n"},
     {"PreviewWithBadBase64IsWhatDecodes", "", "<Preview><![CDATA[Y*W!Jj]]></Preview>",
      "set S preview=abc\n"},
+    {"PreviewInPlainTextKeepsTheOneBefore", "",
+     "<Preview><![CDATA[YWJj]]></Preview><Preview>eHl6</Preview>", "set S preview=abc\n"},
+    {"EmptyPreview", "", "<Preview/>", "set S\n"},
+    {"LastSequential", "",
+     "<SequentialAnimation>true</SequentialAnimation>"
+     "<SequentialAnimation>True</SequentialAnimation>",
+     "set S\n"},
+    {"LastSnapshotOfAPath", "",
+     "<MaterialSnapshot nodePath='q' materialName='1'/>"
+     "<MaterialSnapshot nodePath='p' materialName='2'/>"
+     "<MaterialSnapshot nodePath='q' materialName='3'/><MaterialSnapshot/>",
+     "set S\n  snapshot =\n  snapshot p=2\n  snapshot q=3\n"},
+    {"LastInclInfo", "", "<InclInfo inclNodes='1'/><InclInfo inclEnv='1'/>", "set S incl=000100\n"},
+    {"StatesOfOverlaysByBothNames", "",
+     "<OverlayRef ref='r' state='s'/><SceneplateRef ref='r' state='t'/>", "set S\n  overlay r=t\n"},
+    {"AnalyzerFlagsAreTrueForAnyNumberButZero", "",
+     "<Analyzer clipPlaneNormalZ='1' clipPlaneShow='1' clipGridShow='-1' clipContourShow='2' "
+     "clipPlaneInvert='true' clipPlaneHideScene='0'/>",
+     "set S\n  getClippingPlaneNormal 0 0 1\n  getClippingPlaneColor 0 0 0\n"
+     "  getClippingGridColor 0 0 0\n  getClippingContourColor 0 0 0\n"
+     "  getClippingContourWidth 0\n"},
     {"AnalyzerWithoutAttributesIsAllZero", "", "<Analyzer/>",
      "set S\n  getClippingPlaneNormal 0 0 0\n  getClippingShowPlane 0\n"
      "  getClippingPlaneColor 0 0 0\n  getClippingShowGrid 0\n  getClippingGridColor 0 0 0\n"
