@@ -32,8 +32,10 @@ UriReader::UriReader(QString folder, std::size_t budget)
 QString UriReader::fileOf(const QString& uri, const std::string& place) const {
   if (_folder.isEmpty()) throw GltfRefusal(place, "names a file where only data is read");
   if (hasScheme(uri)) throw GltfRefusal(place, "is no relative path");
-  const QString path = QString::fromUtf8(QByteArray::fromPercentEncoding(uri.toUtf8()));
-  if (path.isEmpty() || path.contains(QChar(0)) || QDir::isAbsolutePath(path) ||
+  const QByteArray decoded = QByteArray::fromPercentEncoding(uri.toUtf8());
+  // A NUL would end the path.
+  const QString path = QString::fromUtf8(decoded);
+  if (path.isEmpty() || decoded.contains('\0') || QDir::isAbsolutePath(path) ||
       path.split('/').contains("..")) {
     throw GltfRefusal(place, "leads out of the scene's folder");
   }
