@@ -44,5 +44,4 @@ struct kuVariantsTestAccess {
   static QString normalizeHotkeyText(const QString& text) {
     return kuVariantReader::normalizeHotkeyText(text);
   }
-  static int& animationCursor(kuVariantSet& set) { return set.animationCursor; }
 };
