@@ -141,6 +141,19 @@ TEST_F(MaterialVariant, SubMaterialsChangeInBracketsOfTheirFieldAndAreToldAfterw
   EXPECT_THAT(closedWhenTold, ElementsAre(1u, 1u, 2u, 3u, 4u, 4u));
 }
 
+TEST_F(MaterialVariant, OptionsAreChangedBeforeTheSubMaterialsAreTold) {
+  kuMaterialVariant variant(paint({"Red"}, 0));
+  std::vector<std::size_t> optionsWhenTold;
+  const kuStandalone::MessageWatch watch([&](const kuStandalone::PassedMessage&) {
+    optionsWhenTold.push_back(variant.getOptions().size());
+  });
+  const osg::MaterialPtr blue = scene.material("Blue");
+  variant.add(blue, "");
+  variant.remove(blue);
+  variant.remove(QString("Red"));
+  EXPECT_THAT(optionsWhenTold, ElementsAre(6u, 5u, 4u));
+}
+
 TEST_F(MaterialVariant, MissingLockedAndOtherMaterialsAreNotEdited) {
   const osg::MaterialPtr blue = scene.material("Blue");
   const osg::SwitchMaterialPtr locked = paint({"Red"}, 0);

@@ -133,6 +133,15 @@ TEST_F(MaterialVariant, SelectedStateIsSetAndToldWithItsNameAsBytes) {
                           "materialVariantSelected/1 variant:void*=V"));
 }
 
+TEST_F(MaterialVariant, StateIsSetBeforeItIsTold) {
+  const auto material = ToldStateMaterial::create("Paint", {"Red", "Blue"}, 0);
+  std::vector<int> setWhenTold;
+  const MessageReceiver receiver("variantsMaterialChanged",
+                                 [&](kuMessage&) { setWhenTold = material->set; });
+  kuMaterialVariant(material).select(QString("Blue"));
+  EXPECT_THAT(setWhenTold, ElementsAre(1));
+}
+
 TEST_F(MaterialVariant, NextAtTheLastStateSetsAndTellsItAgain) {
   const osg::SwitchMaterialPtr material = paint({"Red", "Blue"}, 1);
   kuMaterialVariant(material).select(QString("!Next"));

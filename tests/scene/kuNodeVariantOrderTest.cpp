@@ -134,6 +134,22 @@ TEST_F(NodeVariantOrder, CloneWithoutTheChildIsLoggedAlsoAfterTheChoiceWasSet) {
   EXPECT_EQ(messages.linesOf("variantsNodesChanged").size(), 1u);
 }
 
+TEST_F(NodeVariantOrder, ChoiceBeyondTheChildrenOrBelowAllIsToldAsEveryChildInvisible) {
+  for (const int choice : {-3, 2, 7}) {
+    scene = SceneBuilder();
+    messages.clear();
+    scene.switchNode("S", choice, {"X", "Y"});
+    ::testing::internal::CaptureStderr();
+    select("!Disable");
+    EXPECT_THAT(::testing::internal::GetCapturedStderr(),
+                ::testing::Not(::testing::HasSubstr("out of range")));
+    EXPECT_THAT(messages.linesOf("variantsNodesChanged"),
+                ElementsAre("variantsNodesChanged/1 variantName:string=V visible:strings=[] "
+                            "invisible:strings=[X,Y] parent:string=S path:string=S|"))
+        << choice;
+  }
+}
+
 TEST_F(NodeVariantOrder, KeywordsInOtherLettersAreNamesOfChildren) {
   const osg::NodePtr node = scene.switchNode("S", 0, {"X", "!next", "!all"});
   select("!next");

@@ -4,6 +4,7 @@
 
 #include "host/services/kuKernelServiceFactory.h"
 #include "host/services/kuSceneplateService.h"
+#include "support/BracketRecorder.h"
 #include "support/MessageReceiver.h"
 #include "support/MessageRecorder.h"
 #include "support/SceneTest.h"
@@ -78,6 +79,18 @@ TEST_F(OverlayVariant, SelectedChildBecomesVisibleAndTheFormerKeepsItsFlag) {
   EXPECT_EQ(SceneBuilder::choice(node), 1);
   EXPECT_THAT(flags(node), ElementsAre(true, true, false));
   EXPECT_THAT(messages.lines(), ElementsAre("overlayVariantSelected/1 variant:void*=Plates"));
+}
+
+TEST_F(OverlayVariant, ChildIsMadeVisibleBeforeItIsChosenAndTheSelectionToldLast) {
+  const osg::NodePtr node = darkSwitch(0);
+  const BracketRecorder recorder;
+  std::size_t closedWhenTold = 99;
+  const MessageReceiver receiver("overlayVariantSelected",
+                                 [&](kuMessage&) { closedWhenTold = recorder.brackets().size(); });
+  kuOverlayVariant(node).select(QString("Y"));
+  EXPECT_THAT(recorder.brackets(), ElementsAre(::testing::Pair("Node", ::testing::_),
+                                               ::testing::Pair("Switch", ::testing::_)));
+  EXPECT_EQ(closedWhenTold, 2u);
 }
 
 TEST_F(OverlayVariant, OfTwoPlatesOfOneNameTheFirstAloneIsReached) {
