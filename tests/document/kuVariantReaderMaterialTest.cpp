@@ -3,6 +3,7 @@
 #include "host/osg/MaterialGroup.h"
 #include "host/osg/SwitchMaterial.h"
 #include "host/utils/kuMaterials.h"
+#include "standalone/kernel/MessageWatch.h"
 
 using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
@@ -45,6 +46,30 @@ TEST_F(ReaderMaterials, MissingSwitchIsMadeAndExchangedForThePlainMaterial) {
   EXPECT_EQ(ofGroup(group), osg::MaterialPtr(made));
   EXPECT_EQ(ofGeometry(other), red);
   EXPECT_THAT(messages.lines(), ElementsAreArray(withSwitch()));
+}
+
+TEST_F(ReaderMaterials, NewsOfTheSwitchGoOutBetweenThePoolAndTheExchange) {
+  const osg::MaterialPtr paint = scene.material("Paint");
+  const osg::NodePtr geometry = scene.geometry("Hood", paint);
+  int heard = 0;
+  const kuStandalone::MessageWatch watch([&](const kuStandalone::PassedMessage& message) {
+    if (!message.name.empty()) return;
+    ++heard;
+    EXPECT_TRUE(switchNamed("Paint Switch"));
+    EXPECT_EQ(ofGeometry(geometry), paint);
+  });
+  read("<MaterialVariant name='V' base='Paint Switch'/>");
+  EXPECT_EQ(heard, 1);
+  EXPECT_NE(ofGeometry(geometry), paint);
+}
+
+TEST_F(ReaderMaterials, EndingMustStandAtTheEndBehindABlank) {
+  const osg::MaterialPtr paint = scene.material("Paint");
+  const osg::NodePtr geometry = scene.geometry("Hood", paint);
+  read(
+      "<MaterialVariant name='U' base='PaintSwitch'/><MaterialVariant name='V' base='Paint Switch "
+      "'/><MaterialVariant name='W' base='Paint switch'/>");
+  EXPECT_EQ(ofGeometry(geometry), paint);
 }
 
 TEST_F(ReaderMaterials, BaseWithoutTheEndingExchangesNothing) {
