@@ -48,7 +48,7 @@ void checkView(int index, const QJsonObject& json, const std::vector<QByteArray>
 
 void readBuffers(GltfSource& source, const QByteArray& binary, UriReader& files) {
   int index = 0;
-  for (const QJsonValue& value : source.root["buffers"].toArray()) {
+  for (const QJsonValue& value : source.root.value("buffers").toArray()) {
     QByteArray bytes = readBuffer(index, value.toObject(), binary, files);
     const std::string place = gltfPlace("buffers", index, "byteLength");
     const std::int64_t length = neededLength(value.toObject(), place);
@@ -60,10 +60,10 @@ void readBuffers(GltfSource& source, const QByteArray& binary, UriReader& files)
     ++index;
   }
   index = 0;
-  for (const QJsonValue& view : source.root["bufferViews"].toArray())
+  for (const QJsonValue& view : source.root.value("bufferViews").toArray())
     checkView(index++, view.toObject(), source.buffers);
   index = 0;
-  for (const QJsonValue& image : source.root["images"].toArray()) {
+  for (const QJsonValue& image : source.root.value("images").toArray()) {
     source.images.push_back(readImage(index, image.toObject(), files));
     ++index;
   }

@@ -20,9 +20,10 @@ CloneMaker::CloneMaker(QJsonArray nodes, const osg::NodePtr& root, std::size_t m
       _maximalDepth(maximalDepth),
       _callbacks(std::move(callbacks)) {}
 
-void CloneMaker::note(const osg::NodePtr& clone, int index, const QJsonValue& original) {
+void CloneMaker::note(const osg::NodePtr& clone, int index, const QJsonValue& original,
+                      bool ownChildren) {
   _places.emplace(&SceneNode::of(clone), _clones.size());
-  _clones.push_back({clone, index, originalOf(index, original)});
+  _clones.push_back({clone, index, originalOf(index, original), ownChildren});
 }
 
 int CloneMaker::originalOf(int index, const QJsonValue& original) {
@@ -63,7 +64,9 @@ void CloneMaker::fill(std::size_t place, std::size_t depth) {
   const osg::NodePtr original = _callbacks.node(_clones[place].original);
   SceneNode& clone = SceneNode::of(_clones[place].node);
   clone.setCore(original->getCore());
-  copyChildren(SceneNode::of(original), clone, std::max(depth, depthOf(clone)));
+  if (!_clones[place].ownChildren) {
+    copyChildren(SceneNode::of(original), clone, std::max(depth, depthOf(clone)));
+  }
   _clones[place].state = Clone::Filled;
 }
 

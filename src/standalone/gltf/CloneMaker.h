@@ -29,8 +29,11 @@ class CloneMaker {
   CloneMaker(QJsonArray nodes, const osg::NodePtr& root, std::size_t maximalDepth,
              Callbacks callbacks);
 
-  /** Notes a node without core and children that is to be a clone of what @p original names. */
-  void note(const osg::NodePtr& clone, int index, const QJsonValue& original);
+  /**
+   * Notes a node without core that is to be a clone of what @p original names.
+   * @param ownChildren whether it has children of its own and takes no copies.
+   */
+  void note(const osg::NodePtr& clone, int index, const QJsonValue& original, bool ownChildren);
 
   /** Fills all noted nodes. */
   void fillAll();
@@ -40,6 +43,7 @@ class CloneMaker {
     osg::NodePtr node;
     int index;
     int original;
+    bool ownChildren;
     enum { Empty, InWork, Filled } state = Empty;
   };
 

@@ -16,7 +16,9 @@ bool hasLight(const QJsonObject& node) {
   return node["extensions"].toObject().contains("KHR_lights_punctual");
 }
 
+/** Whether a mesh or light is the node itself, and not a part of it among others. */
 bool isLeaf(const QJsonObject& node) {
+  if (node["extras"].toObject().value("self").toBool()) return true;
   return node["children"].toArray().isEmpty() && !node.contains("camera");
 }
 

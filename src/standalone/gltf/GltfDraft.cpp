@@ -9,7 +9,7 @@ namespace {
 
 std::vector<QJsonObject> entriesOf(const QJsonObject& root, const char* name) {
   std::vector<QJsonObject> entries;
-  for (const QJsonValue& entry : root[QLatin1String(name)].toArray())
+  for (const QJsonValue& entry : root.value(QLatin1String(name)).toArray())
     entries.push_back(entry.toObject());
   return entries;
 }
@@ -67,12 +67,12 @@ GltfDraft::GltfDraft(const QJsonObject& source)
       meshes(entriesOf(root, "meshes")),
       materials(entriesOf(root, "materials")),
       cameras(entriesOf(root, "cameras")),
-      _scene(root["scene"].toInt(0)) {
-  scene = root["scenes"].toArray()[_scene].toObject();
+      _scene(root.value("scene").toInt(0)) {
+  scene = root.value("scenes").toArray()[_scene].toObject();
 }
 
 void GltfDraft::useExtension(const QString& name) {
-  QJsonArray used = root["extensionsUsed"].toArray();
+  QJsonArray used = root.value("extensionsUsed").toArray();
   if (used.contains(name)) return;
   used.append(name);
   root["extensionsUsed"] = used;
@@ -84,7 +84,7 @@ QJsonObject GltfDraft::finish() const {
   putEntries(text, "meshes", meshes);
   putEntries(text, "materials", materials);
   putEntries(text, "cameras", cameras);
-  QJsonArray scenes = root["scenes"].toArray();
+  QJsonArray scenes = root.value("scenes").toArray();
   if (scenes.isEmpty()) {
     scenes.append(scene);
     text["scene"] = 0;
@@ -112,8 +112,8 @@ void setExtra(QJsonObject& owner, const QString& name, const QJsonValue& value) 
 
 void setExtensionMember(QJsonObject& owner, const QString& extension, const QString& name,
                         const QJsonValue& value) {
-  QJsonObject extensions = owner["extensions"].toObject();
-  QJsonObject own = extensions[extension].toObject();
+  QJsonObject extensions = owner.value("extensions").toObject();
+  QJsonObject own = extensions.value(extension).toObject();
   if (value.isUndefined() && !own.contains(name)) return;
   const QJsonValue nothing(QJsonValue::Undefined);
   setMember(own, name, value);
@@ -121,10 +121,10 @@ void setExtensionMember(QJsonObject& owner, const QString& extension, const QStr
   setMember(owner, "extensions", extensions.isEmpty() ? nothing : extensions);
 }
 
-QJsonObject extrasOf(const QJsonObject& owner) { return owner["extras"].toObject(); }
+QJsonObject extrasOf(const QJsonObject& owner) { return owner.value("extras").toObject(); }
 
 QJsonObject extensionOf(const QJsonObject& owner, const QString& extension) {
-  return owner["extensions"].toObject().value(extension).toObject();
+  return owner.value("extensions").toObject().value(extension).toObject();
 }
 
 QJsonValue jsonNumber(double number) {

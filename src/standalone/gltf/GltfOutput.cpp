@@ -23,7 +23,9 @@ QString pictureType(const QByteArray& bytes) {
   return "application/octet-stream";
 }
 
-bool standsInside(const QJsonObject& entry) { return entry["uri"].toString().startsWith("data:"); }
+bool standsInside(const QJsonObject& entry) {
+  return entry.value("uri").toString().startsWith("data:");
+}
 
 QString typeOf(const QByteArray& bytes, bool picture) {
   return picture ? pictureType(bytes) : QString("application/octet-stream");
@@ -32,7 +34,7 @@ QString typeOf(const QByteArray& bytes, bool picture) {
 /** Puts the bytes of a list's entries, from @p first on, in the place of the files they name. */
 void embed(QJsonObject& root, const char* list, const std::vector<QByteArray>& bytes, int first,
            bool pictures) {
-  QJsonArray entries = root[QLatin1String(list)].toArray();
+  QJsonArray entries = root.value(QLatin1String(list)).toArray();
   for (int index = first; index < entries.size() && std::size_t(index) < bytes.size(); ++index) {
     QJsonObject entry = entries[index].toObject();
     const QByteArray& own = bytes[std::size_t(index)];
@@ -72,7 +74,7 @@ QByteArray binaryFile(QJsonObject root, const GltfSource& data) {
   embed(root, "buffers", data.buffers, withBinary ? 1 : 0, false);
   embed(root, "images", data.images, 0, true);
   if (withBinary) {
-    QJsonArray buffers = root["buffers"].toArray();
+    QJsonArray buffers = root.value("buffers").toArray();
     QJsonObject first = buffers[0].toObject();
     first.remove("uri");
     buffers[0] = first;

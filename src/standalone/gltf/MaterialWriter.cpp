@@ -76,7 +76,7 @@ void MaterialWriter::writeOne(const osg::MaterialPtr& material) {
   const auto presets = osg::FCPtr<PresetMaterial>::dcast(material);
   setMember(json, "name",
             fields.name.empty() ? nothing : QJsonValue(QString::fromStdString(fields.name)));
-  setExtra(json, "switch", switchOf(material, extrasOf(json)["switch"].toObject()));
+  setExtra(json, "switch", switchOf(material, extrasOf(json).value("switch").toObject()));
   setExtra(json, "states", presets ? presetsOf(*presets) : nothing);
   setExtra(json, "state", presets ? QJsonValue(presets->present) : nothing);
   setExtra(json, "environment", flag(isEnvironment(material)));

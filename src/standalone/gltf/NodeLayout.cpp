@@ -79,7 +79,7 @@ void NodeLayout::pin(const Scene& scene) {
 
 int NodeLayout::primitivesOf(int mesh) const {
   if (mesh < 0 || std::size_t(mesh) >= _draft.meshes.size()) return 0;
-  return _draft.meshes[std::size_t(mesh)]["primitives"].toArray().size();
+  return _draft.meshes[std::size_t(mesh)].value("primitives").toArray().size();
 }
 
 bool NodeLayout::isMadeByLoader(const SceneNode& node, const std::string& name) const {

@@ -59,12 +59,11 @@ osg::NodePtr NodeReader::make(int index, std::vector<osg::NodePtr>& made) {
              true, gltfPlace("nodes", index, "extensions.KHR_node_visibility.visible")));
   made[std::size_t(index)] = node;
   if (clone) {
-    _clones.note(node, index, extras["cloneOf"]);
-    return node;
+    _clones.note(node, index, extras["cloneOf"], extras["ownChildren"].toBool());
   }
   for (const QJsonValue& child : json["children"].toArray())
     scene.addChild(make(child.toInt(), made));
-  addContent(node, index, json);
+  if (!clone) addContent(node, index, json);
   return node;
 }
 
@@ -101,7 +100,9 @@ void NodeReader::addCameras() {
 void NodeReader::addCamera(const osg::NodePtr& node, int index) {
   const QJsonObject json = _cameras[index].toObject();
   Camera camera;
-  camera.name = SceneNode::of(node).name();
+  const QJsonObject own = _nodes[SceneNode::of(node).source()].toObject();
+  camera.name = own["extras"].toObject().value("cameraName").toString().toStdString();
+  if (camera.name.empty()) camera.name = SceneNode::of(node).name();
   if (camera.name.empty()) camera.name = json["name"].toString().toStdString();
   camera.node = node;
   camera.perspective = json["type"].toString() != "orthographic";

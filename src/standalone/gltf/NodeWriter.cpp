@@ -1,12 +1,14 @@
 #include "standalone/gltf/NodeWriter.h"
 
 #include <algorithm>
+#include <set>
 
 namespace kuStandalone {
 namespace {
 
 const QJsonValue nothing(QJsonValue::Undefined);
 const QString lights = "KHR_lights_punctual";
+const QString variants = "KHR_materials_variants";
 const QString visibility = "KHR_node_visibility";
 
 QJsonValue flag(bool value) { return value ? QJsonValue(true) : nothing; }
@@ -83,7 +85,7 @@ void NodeWriter::writeTransforms(QJsonObject& json, const SceneNode& node) {
   const auto* core =
       ownCore<TransformSwitchCore, osg::SwitchComponentTransformPtr>(node, _layout.placeOf(node));
   QJsonArray states;
-  const QJsonArray former = extrasOf(json)["transforms"].toArray();
+  const QJsonArray former = extrasOf(json).value("transforms").toArray();
   for (std::size_t i = 0; core && i < core->states.size(); ++i) {
     QJsonObject state = former[int(i)].toObject();
     state["name"] = QString::fromStdString(core->states[i].name);
@@ -98,7 +100,7 @@ void NodeWriter::writeTransforms(QJsonObject& json, const SceneNode& node) {
 void NodeWriter::writeMaterialGroup(QJsonObject& json, const SceneNode& node) {
   const auto* core = ownCore<MaterialGroupCore, osg::MaterialGroupPtr>(node, _layout.placeOf(node));
   if (!core) return setExtra(json, "materialGroup", nothing);
-  QJsonObject group = extrasOf(json)["materialGroup"].toObject();
+  QJsonObject group = extrasOf(json).value("materialGroup").toObject();
   setMember(group, "material", _materials.valueOf(core->material));
   group["ignore"] = core->ignore;
   setExtra(json, "materialGroup", group);
@@ -107,7 +109,7 @@ void NodeWriter::writeMaterialGroup(QJsonObject& json, const SceneNode& node) {
 void NodeWriter::writeSceneplate(QJsonObject& json, const SceneNode& node) {
   const auto* core = ownCore<SceneplateCore, osg::SceneplatePtr>(node, _layout.placeOf(node));
   if (!core) return setExtra(json, "sceneplate", nothing);
-  QJsonObject plate = extrasOf(json)["sceneplate"].toObject();
+  QJsonObject plate = extrasOf(json).value("sceneplate").toObject();
   setMember(plate, "image", indexOrNothing(core->image));
   plate["rect"] = jsonNumbers(core->rect);
   setExtra(json, "sceneplate", plate);
@@ -124,10 +126,9 @@ void NodeWriter::writeGeometry(QJsonObject& json, const SceneNode& node) {
     const GeometryCore& geometry = GeometryCore::of(child);
     setPrimitiveMaterial(mesh, geometry.primitive, geometry.material);
   }
-  const bool leaf = node.children().empty() && !_layout.bearsCamera(node);
-  if (!core || (mesh >= 0 && leaf)) return setExtra(json, "geometry", nothing);
-  QJsonObject geometry = extrasOf(json)["geometry"].toObject();
-  setMember(geometry, "material", mesh < 0 ? _materials.valueOf(core->material) : nothing);
+  if (!core || mesh >= 0) return setExtra(json, "geometry", nothing);
+  QJsonObject geometry = extrasOf(json).value("geometry").toObject();
+  setMember(geometry, "material", _materials.valueOf(core->material));
   setExtra(json, "geometry", geometry);
 }
 
@@ -135,17 +136,33 @@ void NodeWriter::writeLight(QJsonObject& json, const SceneNode& node) {
   const NodePlace& place = _layout.placeOf(node);
   const auto* core = ownCore<LightCore, osg::UberLightPtr>(node, place);
   const LightCore* light = core ? core : place.light;
-  setExtensionMember(json, lights, "light", light ? indexOrNothing(light->light) : nothing);
+  setExtensionMember(json, lights, "light", light ? QJsonValue(lightOf(*light)) : nothing);
   setExtra(json, "on", light && !light->on ? QJsonValue(false) : nothing);
-  const bool told =
-      light && light->light >= 0 && node.children().empty() && !_layout.bearsCamera(node);
-  setExtra(json, "light", flag(core && !told));
+  if (light) _draft.useExtension(lights);
+  // With children or a camera the node would else be a group that has the content below it.
+  const bool content = core || json.contains("mesh");
+  const bool group = osg::GroupPtr::dcast(node.core()) != osg::NullFC;
+  const bool leaf = node.children().empty() && !_layout.bearsCamera(node);
+  setExtra(json, "self", flag(content && !place.original && !group && !leaf));
+}
+
+/** The index of a light in the file; one that a program made comes to its end. */
+int NodeWriter::lightOf(const LightCore& core) {
+  QJsonObject extensions = _draft.root.value("extensions").toObject();
+  QJsonObject own = extensions.value(lights).toObject();
+  QJsonArray list = own.value("lights").toArray();
+  if (core.light >= 0 && core.light < list.size()) return core.light;
+  list.append(QJsonObject{{"type", "point"}});
+  own["lights"] = list;
+  extensions[lights] = own;
+  _draft.root["extensions"] = extensions;
+  return list.size() - 1;
 }
 
 int NodeWriter::meshOf(const GeometryCore& core) {
   if (core.mesh < 0 || std::size_t(core.mesh) >= _draft.meshes.size()) return -1;
   const QJsonObject mesh = _draft.meshes[std::size_t(core.mesh)];
-  const QJsonArray primitives = mesh["primitives"].toArray();
+  const QJsonArray primitives = mesh.value("primitives").toArray();
   if (core.primitive < 0 || core.primitive >= primitives.size()) return -1;
   int index = core.mesh;
   if (primitives.size() > 1) {
@@ -161,11 +178,25 @@ int NodeWriter::meshOf(const GeometryCore& core) {
 
 void NodeWriter::setPrimitiveMaterial(int mesh, int primitive, const osg::MaterialPtr& material) {
   QJsonObject& owner = _draft.meshes[std::size_t(mesh)];
-  QJsonArray primitives = owner["primitives"].toArray();
+  QJsonArray primitives = owner.value("primitives").toArray();
   QJsonObject json = primitives[primitive].toObject();
   setMember(json, "material", _materials.valueOf(material));
+  if (!keepsMappings(json, material)) setExtensionMember(json, variants, "mappings", nothing);
   primitives[primitive] = json;
   owner["primitives"] = primitives;
+}
+
+/** Whether the material is a switch that the mappings are about; they would else make one of it. */
+bool NodeWriter::keepsMappings(const QJsonObject& primitive, const osg::MaterialPtr& material) {
+  const auto switchMaterial = osg::SwitchMaterialPtr::dcast(material);
+  if (!switchMaterial) return false;
+  std::set<int> held;
+  for (const osg::MaterialPtr& sub : switchMaterial->getMaterials())
+    held.insert(_materials.indexOf(sub));
+  for (const QJsonValue& mapping : extensionOf(primitive, variants).value("mappings").toArray()) {
+    if (!held.count(mapping.toObject().value("material").toInt(-1))) return false;
+  }
+  return true;
 }
 
 /** Nodes that the scene does not have must not hold any that it has. */
@@ -176,7 +207,7 @@ void NodeWriter::detachOthers() {
   for (std::size_t index = 0; index < inScene.size(); ++index) {
     if (inScene[index]) continue;
     QJsonArray left;
-    const QJsonArray children = _draft.nodes[index]["children"].toArray();
+    const QJsonArray children = _draft.nodes[index].value("children").toArray();
     for (const QJsonValue& child : children) {
       if (!inScene[std::size_t(child.toInt())]) left.append(child);
     }
@@ -191,7 +222,7 @@ void NodeWriter::writeTopLevel() {
     nodes.append(_layout.indexOf(top));
   if (_scene.sceneplates.root) {
     const QJsonValue plates = _layout.indexOf(_scene.sceneplates.root);
-    const QJsonArray former = _draft.scene["nodes"].toArray();
+    const QJsonArray former = _draft.scene.value("nodes").toArray();
     const auto place = std::find(former.begin(), former.end(), plates) - former.begin();
     nodes.insert(std::min(int(place), nodes.size()), plates);
   }

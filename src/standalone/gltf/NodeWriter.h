@@ -28,6 +28,8 @@ class NodeWriter {
   void writeLight(QJsonObject& json, const SceneNode& node);
   void writeTopLevel();
   void detachOthers();
+  int lightOf(const LightCore& core);
+  bool keepsMappings(const QJsonObject& primitive, const osg::MaterialPtr& material);
   int meshOf(const GeometryCore& core);
   void setPrimitiveMaterial(int mesh, int primitive, const osg::MaterialPtr& material);
 

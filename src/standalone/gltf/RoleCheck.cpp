@@ -14,9 +14,10 @@ using Keys = std::vector<const char*>;
 const Keys roles = {"switch",   "transforms", "materialGroup", "sceneplate",
                     "geometry", "bare",       "cloneOf"};
 
-const Keys nodeKeys = {"switch",     "transforms",        "transform",  "supposed", "materialGroup",
-                       "sceneplate", "sceneplates",       "geometry",   "bare",     "cloneOf",
-                       "on",         "environmentSwitch", "renderLayer"};
+const Keys nodeKeys = {"switch",        "transforms",  "transform",   "supposed",
+                       "materialGroup", "sceneplate",  "sceneplates", "geometry",
+                       "bare",          "cloneOf",     "on",          "environmentSwitch",
+                       "renderLayer",   "ownChildren", "self",        "cameraName"};
 const Keys materialKeys = {"switch", "states", "state", "environment", "pool", "locked"};
 const Keys sceneKeys = {"activeCamera", "viewpoints", "animationBlocks"};
 
@@ -28,9 +29,9 @@ struct CompanionRule {
   const char* key;
   const char* needed;
 };
-constexpr std::array companions = {CompanionRule{"environmentSwitch", "switch"},
-                                   CompanionRule{"transform", "transforms"},
-                                   CompanionRule{"supposed", "transforms"}};
+constexpr std::array companions = {
+    CompanionRule{"environmentSwitch", "switch"}, CompanionRule{"transform", "transforms"},
+    CompanionRule{"supposed", "transforms"}, CompanionRule{"ownChildren", "cloneOf"}};
 
 bool has(const QJsonObject& json, const char* key) { return json.contains(QLatin1String(key)); }
 
@@ -90,7 +91,10 @@ void checkOneRole(const QJsonObject& node, const QJsonObject& extras, const std:
   };
   if (has(node, "mesh")) refuse("mesh");
   if (has(node["extensions"].toObject(), "KHR_lights_punctual")) refuse("KHR_lights_punctual");
-  if (isOneOf({"cloneOf"}, role) && !node["children"].toArray().isEmpty()) refuse("children");
+  if (!isOneOf({"cloneOf"}, role) ||
+      flagOf(extras["ownChildren"], false, place + ".extras.ownChildren"))
+    return;
+  if (!node["children"].toArray().isEmpty()) refuse("children");
 }
 
 void checkNode(int index, const QJsonObject& node, GltfWarnings& warnings) {

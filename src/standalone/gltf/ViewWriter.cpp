@@ -29,17 +29,17 @@ QJsonObject lensOf(const Camera& camera, QJsonObject lens) {
 QJsonObject entryOf(const Camera& camera, QJsonObject entry) {
   const QString type = camera.perspective ? "perspective" : "orthographic";
   entry["type"] = type;
-  entry[type] = lensOf(camera, entry[type].toObject());
+  entry[type] = lensOf(camera, entry.value(type).toObject());
   return entry;
 }
 
 /** Whether an entry of the file gives this camera's lens. */
 bool gives(const QJsonObject& entry, const Camera& camera) {
-  if ((entry["type"].toString() != "orthographic") != camera.perspective) return false;
+  if ((entry.value("type").toString() != "orthographic") != camera.perspective) return false;
   const QJsonObject lens = entry[camera.perspective ? "perspective" : "orthographic"].toObject();
   const Camera standard;
   const auto same = [&](const char* name, double value, double otherwise) {
-    return lens[QLatin1String(name)].toDouble(otherwise) == value;
+    return lens.value(QLatin1String(name)).toDouble(otherwise) == value;
   };
   if (!same("znear", camera.znear, standard.znear) || !same("zfar", camera.zfar, standard.zfar)) {
     return false;
@@ -48,6 +48,15 @@ bool gives(const QJsonObject& entry, const Camera& camera) {
              ? same("yfov", camera.yfov, standard.yfov) &&
                    same("aspectRatio", camera.aspectRatio, standard.aspectRatio)
              : same("xmag", camera.xmag, standard.xmag) && same("ymag", camera.ymag, standard.ymag);
+}
+
+/** What an entry leaves out is as the camera's node has it, so nothing that counts is left out. */
+void writePose(QJsonObject& entry, const Transform& pose, const Transform& node) {
+  writeTransform(entry, pose);
+  if (pose.matrix) return;
+  entry["translation"] = jsonNumbers(pose.translation);
+  entry["rotation"] = jsonNumbers(pose.rotation);
+  if (pose.scale != node.scale) entry["scale"] = jsonNumbers(pose.scale);
 }
 
 }  // namespace
@@ -75,7 +84,8 @@ void ViewWriter::writeCamera(const Camera& camera) {
   json["camera"] = index;
   // Without a name of its own the camera would be named after its node.
   std::string name = SceneNode::of(camera.node).name();
-  if (name.empty()) name = _draft.cameras[std::size_t(index)]["name"].toString().toStdString();
+  if (name.empty())
+    name = _draft.cameras[std::size_t(index)].value("name").toString().toStdString();
   setExtra(json, "cameraName", name == camera.name ? nothing : text(camera.name));
 }
 
@@ -89,7 +99,7 @@ int ViewWriter::indexOf(const Camera& camera) {
 }
 
 void ViewWriter::writeViewpoints() {
-  const QJsonArray former = extrasOf(_draft.scene)["viewpoints"].toArray();
+  const QJsonArray former = extrasOf(_draft.scene).value("viewpoints").toArray();
   QJsonArray entries;
   for (const Viewpoint& viewpoint : _scene.viewpoints) {
     const QJsonValue entry = viewpointOf(viewpoint, former);
@@ -107,11 +117,11 @@ QJsonValue ViewWriter::viewpointOf(const Viewpoint& viewpoint, const QJsonArray&
   if (!viewpoint.named && !moved) return nothing;
   QJsonObject entry;
   for (const QJsonValue& one : former) {
-    if (one.toObject()["name"] == text(viewpoint.name)) entry = one.toObject();
+    if (one.toObject().value("name") == text(viewpoint.name)) entry = one.toObject();
   }
   entry["name"] = text(viewpoint.name);
   entry["camera"] = text(camera.name);
-  writeTransform(entry, viewpoint.pose);
+  writePose(entry, viewpoint.pose, SceneNode::of(camera.node).transform());
   return entry;
 }
 
