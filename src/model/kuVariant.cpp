@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/session/kuSession.h"
+#include "model/kuLivingVariant.h"
 
 namespace {
 
@@ -14,7 +15,7 @@ auto findOption(Options& options, const QString& name) {
 
 }  // namespace
 
-kuVariant::~kuVariant() = default;
+kuVariant::~kuVariant() { kuLivingVariant::forget(this); }
 
 void kuVariant::add(const QString& option, const QString& hotkey) { add(false, option, hotkey); }
 

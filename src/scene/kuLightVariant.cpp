@@ -9,6 +9,7 @@
 #include "host/utils/kuLights.h"
 #include "host/utils/kuNodeUtils.h"
 #include "model/kuKeyword.h"
+#include "model/kuLivingVariant.h"
 #include "scene/kuNodePath.h"
 #include "scene/kuVariantMessages.h"
 
@@ -83,10 +84,10 @@ void kuLightVariant::updateVariants() {
 }
 
 void kuLightVariant::onSelect(const QString& state) {
-  // A receiver may delete this variant in the midst of it: from the first message on nothing of it
-  // is read.
+  // A receiver may rename this variant in the midst of it, or delete it: its last name then stays.
   void* const self = static_cast<kuVariant*>(this);
-  const std::string variantName = getName().toStdString();
+  const kuLivingVariant living(*this);
+  std::string variantName = getName().toStdString();
   const kuKeyword keyword = kuKeywordOf(state);
   std::vector<kuNodePtr> nodes = nodesOf(node);
   removeClones(nodes);
@@ -95,6 +96,7 @@ void kuLightVariant::onSelect(const QString& state) {
     kuMessage message;
     message.set("variantName", variantName, true);
     callVariantsLightChanged(found, message);
+    if (living.get()) variantName = living.get()->getName().toStdString();
   }
   kuSendVariantSelected("lightVariantSelected", self);
 }

@@ -10,6 +10,7 @@
 #include "host/osg/SwitchMaterial.h"
 #include "host/utils/kuMaterials.h"
 #include "model/kuKeyword.h"
+#include "model/kuLivingVariant.h"
 #include "scene/kuOptionRebuild.h"
 #include "scene/kuSubTree.h"
 #include "scene/kuSwitchMaterials.h"
@@ -77,26 +78,37 @@ int previousStateInLoop(int present, int count) {
   return std::min(present >= 1 ? present : count, count) - 1;
 }
 
-/** One selection; it needs no variant, since a receiver of its messages may delete that. */
+/** One selection; it does without the variant once a receiver of its messages has deleted that. */
 class Selection {
  public:
-  Selection(const QString& variantName, const QString& materialName, const QString& state)
-      : _variantName(variantName.toStdString()),
-        _materialName(materialName.toStdString()),
+  Selection(const kuMaterialVariant& variant, const QString& state)
+      : _variant(variant),
+        _variantName(variant.getName().toStdString()),
+        _materialName(variant.getMaterial().toStdString()),
         _state(state.toStdString()),
         _keyword(kuKeywordOf(state)) {}
 
   void applyTo(const osg::MaterialPtr& material) const;
+  /** Each material is told under the names that the variant has by then, or had last. */
+  void followNames();
 
  private:
   const std::string& wantedState(const osg::Material& material, const StateNames& names) const;
   void sendChanged(const std::string& wanted) const;
 
-  const std::string _variantName;
-  const std::string _materialName;
+  const kuLivingVariant _variant;
+  std::string _variantName;
+  std::string _materialName;
   const std::string _state;
   const kuKeyword _keyword;
 };
+
+void Selection::followNames() {
+  const auto* living = static_cast<const kuMaterialVariant*>(_variant.get());
+  if (!living) return;
+  _variantName = living->getName().toStdString();
+  _materialName = living->getMaterial().toStdString();
+}
 
 void Selection::applyTo(const osg::MaterialPtr& material) const {
   if (!material || !material->isMultiState()) return;
@@ -260,11 +272,13 @@ int kuMaterialVariant::getCurrentState(const osg::MaterialPtr& of) const {
 
 void kuMaterialVariant::onSelect(const QString& state) {
   // A receiver may delete this variant in the midst of it: from the first message on nothing of it
-  // is read.
+  // is read here.
   void* const self = static_cast<kuVariant*>(this);
-  const Selection selection(getName(), material, state);
-  for (const kuMaterialPtr& found : materialsOf(material))
+  Selection selection(*this, state);
+  for (const kuMaterialPtr& found : materialsOf(material)) {
     selection.applyTo(found);
+    selection.followNames();
+  }
   kuSendVariantSelected("materialVariantSelected", self);
 }
 

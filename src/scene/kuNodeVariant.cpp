@@ -16,6 +16,7 @@
 #include "host/utils/kuNodeUtils.h"
 #include "manager/kuVariants.h"
 #include "model/kuKeyword.h"
+#include "model/kuLivingVariant.h"
 #include "model/kuUtf8.h"
 #include "scene/kuNodePath.h"
 #include "scene/kuNodeStates.h"
@@ -109,20 +110,29 @@ unsigned transformNumber(const std::string& state) {
 
 class kuNodeVariant::Selection {
  public:
-  Selection(const QString& variantName, const QString& state)
-      : _variantName(kuUtf8(variantName)), _state(kuUtf8(state)), _keyword(kuKeywordOf(state)) {}
+  Selection(const kuVariant& variant, const QString& state)
+      : _variant(variant),
+        _variantName(kuUtf8(variant.getName())),
+        _state(kuUtf8(state)),
+        _keyword(kuKeywordOf(state)) {}
 
   /** Applies the state to each of the nodes in turn. */
   void applyTo(const std::vector<kuNodePtr>& nodes) {
     _clonesMayFollow = nodes.size() > 1;
-    for (const kuNodePtr& node : nodes)
+    for (const kuNodePtr& node : nodes) {
       applyTo(node);
+      if (_clonesMayFollow) followName();
+    }
   }
 
   const std::string& variantName() const { return _variantName; }
 
  private:
   void applyTo(const osg::NodePtr& node);
+  /** Each node is told under the name that the variant has by then, or had last. */
+  void followName() {
+    if (_variant.get()) _variantName = kuUtf8(_variant.get()->getName());
+  }
   void setVisibility(const osg::NodePtr& node, kuMessage& message) const;
   void show(const osg::NodePtr& node, kuMessage& message) const;
   void hide(const osg::NodePtr& node, kuMessage& message) const;
@@ -135,7 +145,8 @@ class kuNodeVariant::Selection {
     return !_clonesMayFollow || _visited.insert(core).second;
   }
 
-  const std::string _variantName;
+  const kuLivingVariant _variant;
+  std::string _variantName;
   const std::string _state;
   const kuKeyword _keyword;
   bool _clonesMayFollow = false;
@@ -272,9 +283,9 @@ void kuNodeVariant::hideGeometry() {
 
 void kuNodeVariant::onSelect(const QString& state) {
   // A receiver may delete this variant in the midst of it: from the first message on nothing of it
-  // is read.
+  // is read here.
   void* const self = static_cast<kuVariant*>(this);
-  Selection selection(getName(), state);
+  Selection selection(*this, state);
   // Mostly the nodes bear the variant's own name, which is converted already.
   const bool ownName = node == getName();
   const std::string otherName = ownName ? std::string() : kuUtf8(node);

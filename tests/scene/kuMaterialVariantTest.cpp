@@ -142,6 +142,23 @@ TEST_F(MaterialVariant, StateIsSetBeforeItIsTold) {
   EXPECT_THAT(setWhenTold, ElementsAre(1));
 }
 
+TEST_F(MaterialVariant, ReceiverThatRenamesTheVariantFindsTheNewNamesAtTheNextMaterial) {
+  const auto first = ToldStateMaterial::create("Paint", {"Red"}, 0);
+  const auto second = ToldStateMaterial::create("Paint", {"Red"}, 0);
+  kuMaterialVariant variant(first);
+  const MessageReceiver receiver("variantsMaterialChanged", [&](kuMessage&) {
+    variant.setName("Renamed");
+    variant.setMaterial("Elsewhere");
+  });
+  variant.select(QString("Red"));
+  EXPECT_THAT(second->set, ElementsAre(0));
+  EXPECT_THAT(messages.linesOf("variantsMaterialChanged"),
+              ElementsAre("variantsMaterialChanged/1 variantName:string=Paint "
+                          "materialName:chars=Red materialBaseName:string=Paint",
+                          "variantsMaterialChanged/1 variantName:string=Renamed "
+                          "materialName:chars=Red materialBaseName:string=Elsewhere"));
+}
+
 TEST_F(MaterialVariant, NextAtTheLastStateSetsAndTellsItAgain) {
   const osg::SwitchMaterialPtr material = paint({"Red", "Blue"}, 1);
   kuMaterialVariant(material).select(QString("!Next"));

@@ -150,6 +150,34 @@ TEST_F(NodeVariantOrder, ChoiceBeyondTheChildrenOrBelowAllIsToldAsEveryChildInvi
   }
 }
 
+TEST_F(NodeVariantOrder, ReceiverThatRenamesTheVariantFindsTheNewNameAtTheNextNode) {
+  const osg::NodePtr first = scene.switchNode("S", 0, {"X"});
+  scene.switchNode("S", 0, {});
+  scene.switchNode("S", 0, {"X"});
+  kuNodeVariant variant(first);
+  std::vector<std::string> told;
+  const MessageReceiver receiver("variantsNodesChanged", [&](kuMessage& message) {
+    std::string name;
+    message.get("variantName", name);
+    told.push_back(name);
+    variant.setName("Renamed");
+  });
+  variant.select(QString("X"));
+  EXPECT_THAT(told, ElementsAre("S", "Renamed"));
+  EXPECT_THAT(log, ElementsAre("error: Nodevariant Renamed does not have a child called X"));
+}
+
+TEST_F(NodeVariantOrder, NamesBeyondAsciiGoOutInUtf8) {
+  kuNodeVariant variant(scene.switchNode("T\u00fcr", 0, {"Gr\u00fcn", "\u8d64"}));
+  variant.select(QString::fromUtf8("\u8d64"));
+  variant.select(QString::fromUtf8("\u00e4"));
+  EXPECT_THAT(messages.linesOf("variantsNodesChanged"),
+              ElementsAre("variantsNodesChanged/1 variantName:string=T\u00fcr "
+                          "visible:strings=[\u8d64] invisible:strings=[Gr\u00fcn] "
+                          "parent:string=T\u00fcr path:string=T\u00fcr|"));
+  EXPECT_THAT(log, ElementsAre("error: Nodevariant T\u00fcr does not have a child called \u00e4"));
+}
+
 TEST_F(NodeVariantOrder, KeywordsInOtherLettersAreNamesOfChildren) {
   const osg::NodePtr node = scene.switchNode("S", 0, {"X", "!next", "!all"});
   select("!next");
