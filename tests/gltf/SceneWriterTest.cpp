@@ -319,6 +319,20 @@ TEST_F(SceneWriter, BuffersAndPicturesInFilesStandInsideWhatIsWritten) {
   }
 }
 
+TEST_F(SceneWriter, AClipMadeByAProgramComesBack) {
+  const osg::NodePtr door = scene.group("Door");
+  AnimationChannel slide, turn;
+  slide.node = turn.node = door;
+  slide.times = {0, 0.5f};
+  slide.values = {0, 0, 0, 1.5f, 2, 3};
+  turn.property = AnimationChannel::Property::Rotation;
+  turn.interpolation = AnimationChannel::Interpolation::Step;
+  turn.times = {1};
+  turn.values = {0, 0, 0, 1};
+  Scene::the().animations.push_back({"Open", {slide, turn}, -1});
+  expectRoundTrip();
+}
+
 TEST_F(SceneWriter, ADirectoryIsNoTarget) {
   const std::string path = _folder.path().toStdString();
   EXPECT_EQ(saveScene(Scene::the(), path).error, path + ": is a directory");

@@ -3,6 +3,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include "standalone/gltf/AnimationWriter.h"
 #include "standalone/gltf/GltfJson.h"
 #include "standalone/gltf/GltfOutput.h"
 #include "standalone/gltf/NodeWriter.h"
@@ -37,6 +38,7 @@ QByteArray sceneData(const Scene& scene, bool binary) {
   NodeWriter(scene, draft, layout, materials).write();
   materials.write();
   ViewWriter(scene, draft, layout).write();
+  writeAnimations(scene, layout, draft, data);
   const QJsonObject root = draft.finish();
   return binary ? binaryFile(root, data) : textFile(root, data);
 }
