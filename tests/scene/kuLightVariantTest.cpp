@@ -260,4 +260,18 @@ INSTANTIATE_TEST_SUITE_P(
                       RemovalRow{"Everything", [] { kuController::call("clearAllVariants", 1); }}),
     [](const auto& row) { return std::string(row.param.title); });
 
+TEST_F(kuLightVariantTest, ReceiverThatRenamesTheVariantFindsTheNewNameAtTheNextLight) {
+  kuLightVariant variant(scene.light("Lamp", false));
+  scene.light("Lamp", false);
+  std::vector<std::string> told;
+  const MessageReceiver receiver("variantsLightsChanged", [&](kuMessage& message) {
+    std::string name;
+    message.get("variantName", name);
+    told.push_back(name);
+    variant.setName("Renamed");
+  });
+  variant.select(QString("!Enable"));
+  EXPECT_THAT(told, ElementsAre("Lamp", "Renamed"));
+}
+
 }  // namespace
