@@ -124,6 +124,24 @@ TEST_P(ReaderSets, AreReadFromTheirElement) {
 INSTANTIATE_TEST_SUITE_P(Rows, ReaderSets, ::testing::ValuesIn(rows),
                          [](const auto& row) { return std::string(row.param.name); });
 
+TEST_F(ReaderTest, NamesThatComeAgainBehindManyOthersStandOnce) {
+  std::string set, states, expectedSet, expectedStates;
+  for (int i = 0; i < 100; ++i) {
+    const std::string name = std::to_string(i % 50);
+    set += "<NodeVariantRef ref='" + name + "' state='" + std::to_string(i) + "'/>";
+    set += "<TargetName name='" + name + "'/>";
+    states += "<State name='" + name + "'/>";
+    if (i < 50) continue;
+    expectedSet += "  node " + name + "=" + std::to_string(i) + "\n";
+    expectedStates += "  option " + name + "\n";
+  }
+  for (int i = 0; i < 50; ++i)
+    expectedSet += "  target " + std::to_string(i) + "\n";
+  EXPECT_EQ(after("<VariantSet name='S'>" + set + "</VariantSet><NodeVariant name='N'>" + states +
+                  "</NodeVariant>"),
+            "set S\n" + expectedSet + "nodeVariant N base=\n" + expectedStates);
+}
+
 TEST_F(ReaderTest, SetWithoutNameIsSkippedAndNothingIsRemoved) {
   read("<VariantSet name='A'/>");
   messages.clear();
