@@ -52,12 +52,14 @@ QJsonArray arrayOf(const QJsonValue& value, const std::string& place) {
 
 Transform transformOf(const QJsonObject& json, const std::string& prefix) {
   Transform transform;
-  readNumbers(json["translation"], transform.translation, prefix + "translation");
-  readNumbers(json["rotation"], transform.rotation, prefix + "rotation");
-  readNumbers(json["scale"], transform.scale, prefix + "scale");
-  if (!json["matrix"].isUndefined()) {
-    readNumbers(json["matrix"], transform.matrix.emplace(), prefix + "matrix");
-  }
+  const auto read = [&](const char* name, auto& numbers) {
+    const QJsonValue value = json[QLatin1String(name)];
+    if (!value.isUndefined()) readNumbers(value, numbers, prefix + name);
+  };
+  read("translation", transform.translation);
+  read("rotation", transform.rotation);
+  read("scale", transform.scale);
+  if (json.contains(QLatin1String("matrix"))) read("matrix", transform.matrix.emplace());
   return transform;
 }
 
