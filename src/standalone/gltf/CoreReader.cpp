@@ -13,13 +13,15 @@ constexpr std::int64_t mostInt = std::numeric_limits<int>::max();
 constexpr std::int64_t mostUnsigned = std::numeric_limits<unsigned>::max();
 
 bool hasLight(const QJsonObject& node) {
-  return node["extensions"].toObject().contains("KHR_lights_punctual");
+  return node[QLatin1String("extensions")].toObject().contains(
+      QLatin1String("KHR_lights_punctual"));
 }
 
 /** Whether a mesh or light is the node itself, and not a part of it among others. */
 bool isLeaf(const QJsonObject& node) {
-  if (node["extras"].toObject().value("self").toBool()) return true;
-  return node["children"].toArray().isEmpty() && !node.contains("camera");
+  if (node[QLatin1String("extras")].toObject().value("self").toBool()) return true;
+  return node[QLatin1String("children")].toArray().isEmpty() &&
+         !node.contains(QLatin1String("camera"));
 }
 
 }  // namespace
@@ -37,7 +39,13 @@ CoreReader::CoreReader(const QJsonObject& root, Scene& scene,
 }
 
 osg::NodeCorePtr CoreReader::make(int index, const QJsonObject& node) {
-  const QJsonObject extras = node["extras"].toObject();
+  const QJsonObject extras = node[QLatin1String("extras")].toObject();
+  return extras.isEmpty() ? makeStandard(index, node) : makeRole(index, node, extras);
+}
+
+/** What the extras say; without a word of ours what the standard says. */
+osg::NodeCorePtr CoreReader::makeRole(int index, const QJsonObject& node,
+                                      const QJsonObject& extras) {
   const std::string place = gltfPlace("nodes", index, "extras.");
   if (extras.contains("switch")) return makeSwitch(extras, place);
   if (extras.contains("transforms")) return makeTransforms(extras, place);
@@ -49,16 +57,22 @@ osg::NodeCorePtr CoreReader::make(int index, const QJsonObject& node) {
   }
   if (extras.contains("geometry")) {
     const QJsonObject json = objectOf(extras["geometry"], place + "geometry");
-    const int material =
-        indexIn(json["material"], int(_materials.size()), place + "geometry.material");
-    return GeometryCore::create(material < 0 ? osg::MaterialPtr()
-                                             : _materials[std::size_t(material)]);
+    return GeometryCore::create(materialAt(json["material"], place + "geometry.material"));
   }
   if (flagOf(extras["bare"], false, place + "bare")) return osg::NullFC;
-  const int mesh = node["mesh"].toInt(-1);
+  return makeStandard(index, node);
+}
+
+osg::NodeCorePtr CoreReader::makeStandard(int index, const QJsonObject& node) {
+  const int mesh = node[QLatin1String("mesh")].toInt(-1);
   if (hasLight(node)) return isLeaf(node) && mesh < 0 ? light(index, node) : GroupCore::create();
   return isLeaf(node) && mesh >= 0 && primitives(mesh) == 1 ? geometry(mesh, 0)
                                                             : GroupCore::create();
+}
+
+osg::MaterialPtr CoreReader::materialAt(const QJsonValue& index, const std::string& place) const {
+  const int which = indexIn(index, int(_materials.size()), place);
+  return which < 0 ? osg::MaterialPtr() : _materials[std::size_t(which)];
 }
 
 int CoreReader::primitives(int mesh) const {
@@ -112,10 +126,8 @@ osg::NodeCorePtr CoreReader::makeTransforms(const QJsonObject& extras,
 osg::NodeCorePtr CoreReader::makeMaterialGroup(const QJsonValue& value,
                                                const std::string& place) const {
   const QJsonObject json = objectOf(value, place);
-  const int material = indexIn(json["material"], int(_materials.size()), place + ".material");
-  return MaterialGroupCore::create(
-      material < 0 ? osg::MaterialPtr() : _materials[std::size_t(material)],
-      flagOf(json["ignore"], false, place + ".ignore"));
+  return MaterialGroupCore::create(materialAt(json["material"], place + ".material"),
+                                   flagOf(json["ignore"], false, place + ".ignore"));
 }
 
 osg::NodeCorePtr CoreReader::makeSceneplate(const QJsonValue& value,

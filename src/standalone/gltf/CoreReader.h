@@ -26,6 +26,9 @@ class CoreReader {
   osg::NodeCorePtr light(int index, const QJsonObject& node) const;
 
  private:
+  osg::NodeCorePtr makeRole(int index, const QJsonObject& node, const QJsonObject& extras);
+  osg::NodeCorePtr makeStandard(int index, const QJsonObject& node);
+  osg::MaterialPtr materialAt(const QJsonValue& index, const std::string& place) const;
   osg::NodeCorePtr makeSwitch(const QJsonObject& extras, const std::string& place) const;
   osg::NodeCorePtr makeTransforms(const QJsonObject& extras, const std::string& place) const;
   osg::NodeCorePtr makeMaterialGroup(const QJsonValue& value, const std::string& place) const;

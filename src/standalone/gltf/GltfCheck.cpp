@@ -80,6 +80,8 @@ void checkIndices(const QJsonObject& root) {
   }
 }
 
+bool has(const QJsonObject& json, const char* key) { return json.contains(QLatin1String(key)); }
+
 /** Names, extras and extensions of the wrong type would be lost without a word. */
 void checkCommonMembers(const QJsonObject& root) {
   for (const char* name : collections) {
@@ -87,9 +89,9 @@ void checkCommonMembers(const QJsonObject& root) {
     for (const QJsonValue& value : listOf(root, name)) {
       const QJsonObject entry = value.toObject();
       const std::string prefix = gltfPlace(name, index++) + ".";
-      if (entry.contains("name")) textOf(entry["name"], prefix + "name");
-      if (entry.contains("extras")) objectOf(entry["extras"], prefix + "extras");
-      if (!entry.contains("extensions")) continue;
+      if (has(entry, "name")) textOf(entry["name"], prefix + "name");
+      if (has(entry, "extras")) objectOf(entry["extras"], prefix + "extras");
+      if (!has(entry, "extensions")) continue;
       const QJsonObject extensions = objectOf(entry["extensions"], prefix + "extensions");
       for (auto one = extensions.begin(); one != extensions.end(); ++one)
         objectOf(*one, prefix + "extensions." + one.key().toStdString());
@@ -119,7 +121,7 @@ void checkTextures(const QJsonObject& root) {
 std::vector<int> parentsOf(const QJsonArray& nodes) {
   std::vector<int> parents(std::size_t(nodes.size()), -1);
   for (int index = 0; index < nodes.size(); ++index) {
-    const QJsonValue list = nodes[index].toObject().value("children");
+    const QJsonValue list = nodes[index].toObject().value(QLatin1String("children"));
     if (list.isUndefined()) continue;
     if (!list.isArray()) throw GltfRefusal(gltfPlace("nodes", index, "children"), "is no array");
     int place = 0;

@@ -4,6 +4,16 @@
 #include "standalone/scene/Cores.h"
 
 namespace kuStandalone {
+namespace {
+
+bool readVisible(const QJsonObject& node, int index) {
+  const QJsonValue extensions = node[QLatin1String("extensions")];
+  if (extensions.isUndefined()) return true;
+  return flagOf(extensions["KHR_node_visibility"]["visible"], true,
+                gltfPlace("nodes", index, "extensions.KHR_node_visibility.visible"));
+}
+
+}  // namespace
 
 NodeReader::NodeReader(const QJsonObject& root, Scene& scene,
                        const std::vector<osg::MaterialPtr>& materials, const SceneLimits& limits)
@@ -47,21 +57,20 @@ osg::NodePtr NodeReader::nodeToClone(int index) {
 osg::NodePtr NodeReader::make(int index, std::vector<osg::NodePtr>& made) {
   count();
   const QJsonObject json = _nodes[index].toObject();
-  const QJsonObject extras = json["extras"].toObject();
-  const bool clone = extras.contains("cloneOf");
-  const osg::NodePtr node = SceneNode::create(
-      json["name"].toString().toStdString(), clone ? osg::NodeCorePtr() : _cores.make(index, json));
+  const QJsonObject extras = json[QLatin1String("extras")].toObject();
+  const bool clone = extras.contains(QLatin1String("cloneOf"));
+  const osg::NodePtr node =
+      SceneNode::create(json[QLatin1String("name")].toString().toStdString(),
+                        clone ? osg::NodeCorePtr() : _cores.make(index, json));
   SceneNode& scene = SceneNode::of(node);
   scene.setSource(index);
   scene.setTransform(transformOf(json, gltfPlace("nodes", index) + "."));
-  scene.setActiveFlag(
-      flagOf(json["extensions"].toObject().value("KHR_node_visibility").toObject().value("visible"),
-             true, gltfPlace("nodes", index, "extensions.KHR_node_visibility.visible")));
+  scene.setActiveFlag(readVisible(json, index));
   made[std::size_t(index)] = node;
   if (clone) {
     _clones.note(node, index, extras["cloneOf"], extras["ownChildren"].toBool());
   }
-  for (const QJsonValue& child : json["children"].toArray())
+  for (const QJsonValue& child : json[QLatin1String("children")].toArray())
     scene.addChild(make(child.toInt(), made));
   if (!clone) addContent(node, index, json);
   return node;
@@ -70,8 +79,9 @@ osg::NodePtr NodeReader::make(int index, std::vector<osg::NodePtr>& made) {
 void NodeReader::addContent(const osg::NodePtr& node, int index, const QJsonObject& json) {
   SceneNode& parent = SceneNode::of(node);
   const bool geometry = osg::GeometryPtr::dcast(parent.core()) != osg::NullFC;
-  if (json.contains("mesh") && !geometry) addGeometries(node, json["mesh"].toInt());
-  if (!json["extensions"].toObject().contains("KHR_lights_punctual") ||
+  if (json.contains(QLatin1String("mesh")) && !geometry) addGeometries(node, json["mesh"].toInt());
+  if (!json[QLatin1String("extensions")].toObject().contains(
+          QLatin1String("KHR_lights_punctual")) ||
       osg::UberLightPtr::dcast(parent.core()) != osg::NullFC) {
     return;
   }
@@ -93,7 +103,7 @@ void NodeReader::addCameras() {
   for (int index = 0; index < _nodes.size(); ++index) {
     const osg::NodePtr& node = _made[std::size_t(index)];
     const QJsonObject json = _nodes[index].toObject();
-    if (node && json.contains("camera")) addCamera(node, json["camera"].toInt());
+    if (node && json.contains(QLatin1String("camera"))) addCamera(node, json["camera"].toInt());
   }
 }
 

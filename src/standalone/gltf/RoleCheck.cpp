@@ -101,7 +101,7 @@ void checkNode(int index, const QJsonObject& node, GltfWarnings& warnings) {
   const std::string place = gltfPlace("nodes", index);
   if (has(node, "skin")) warnings.addOnce(place + ".skin", "skins are left alone");
   if (has(node, "weights")) warnings.addOnce(place + ".weights", "morph targets are left alone");
-  const QJsonObject extras = node["extras"].toObject();
+  const QJsonObject extras = node[QLatin1String("extras")].toObject();
   if (extras.isEmpty()) return;
   checkOneRole(node, extras, place);
   checkSpelling(extras, nodeKeys, place + ".extras", warnings);
@@ -128,11 +128,12 @@ void checkSceneplates(const QJsonObject& root, GltfWarnings& warnings) {
   const QJsonArray nodes = root["nodes"].toArray();
   std::vector<bool> below(std::size_t(nodes.size()));
   for (const QJsonValue& node : nodes) {
-    for (const QJsonValue& child : node.toObject().value("children").toArray())
+    for (const QJsonValue& child : node.toObject().value(QLatin1String("children")).toArray())
       below[std::size_t(child.toInt())] = true;
   }
   for (int index = 0; index < nodes.size(); ++index) {
-    const QJsonObject extras = nodes[index].toObject().value("extras").toObject();
+    const QJsonObject extras = nodes[index].toObject().value(QLatin1String("extras")).toObject();
+    if (!has(extras, "sceneplates")) continue;
     const std::string place = gltfPlace("nodes", index, "extras.sceneplates");
     if (flagOf(extras["sceneplates"], false, place) && below[std::size_t(index)]) {
       warnings.addOnce(place, "is not at the top and means nothing");
