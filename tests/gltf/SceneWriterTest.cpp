@@ -333,6 +333,23 @@ TEST_F(SceneWriter, AClipMadeByAProgramComesBack) {
   expectRoundTrip();
 }
 
+TEST_F(SceneWriter, AGeometryThatLeftItsMappingsIsNotWrappedAgain) {
+  const std::unique_ptr<Scene> loaded = loadText(
+      R"("extensions":{"KHR_materials_variants":{"variants":[{"name":"Cloth"}]}},
+         "materials":[{"name":"Fabric"},{"name":"Leather"}],
+         "meshes":[{"primitives":[{"attributes":{},"material":0,"extensions":
+         {"KHR_materials_variants":{"mappings":[{"material":1,"variants":[0]}]}}}]}],
+         "scenes":[{"nodes":[0]}],"nodes":[{"name":"Seat","mesh":0}])");
+  const osg::NodeCorePtr seat = loaded->nodes.root->getChild(0)->getCore();
+  {
+    const osg::EditCP edit(seat);
+    osg::GeometryPtr::dcast(seat)->setMaterial(ScenePool::of(loaded->pool).find("Leather").front());
+  }
+  const std::unique_ptr<Scene> again = load(save(*loaded));
+  EXPECT_EQ(osg::GeometryPtr::dcast(again->nodes.root->getChild(0)->getCore())->getMaterial(),
+            ScenePool::of(again->pool).find("Leather").front());
+}
+
 TEST_F(SceneWriter, ADirectoryIsNoTarget) {
   const std::string path = _folder.path().toStdString();
   EXPECT_EQ(saveScene(Scene::the(), path).error, path + ": is a directory");
