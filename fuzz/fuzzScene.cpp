@@ -1,12 +1,15 @@
 // Any bytes as a scene file: loaded within small limits, so that a file which asks for much is
-// refused and not obeyed. What is loaded must be a scene, what is refused must say why.
+// refused and not obeyed. What is loaded must be a scene, what is refused must say why; and a scene
+// that was saved must load again.
 
 #include <QGuiApplication>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 
 #include "standalone/StandaloneHost.h"
 #include "standalone/gltf/SceneFile.h"
+#include "standalone/gltf/SceneWriter.h"
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -32,5 +35,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const bool loaded = result.status == kuStandalone::SceneLoadResult::Status::Loaded;
   check(loaded == (result.scene != nullptr));
   check(loaded == result.error.empty());
+  if (!loaded) return 0;
+  const bool binary = size % 2 == 0;
+  const QByteArray saved = kuStandalone::sceneData(*result.scene, binary);
+  const kuStandalone::SceneLoadResult again = kuStandalone::loadSceneData(saved, "saved", limits);
+  if (!again.scene) std::fprintf(stderr, "%s\n%s\n", again.error.c_str(), saved.constData());
+  check(again.scene != nullptr);
   return 0;
 }

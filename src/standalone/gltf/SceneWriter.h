@@ -11,6 +11,6 @@ namespace kuStandalone {
  * scene differs from it. Throws GltfRefusal.
  * @param binary whether it is a .glb.
  */
-QByteArray sceneData(const Scene& scene, bool binary);
+KUHOST_EXPORT QByteArray sceneData(const Scene& scene, bool binary);
 
 }  // namespace kuStandalone
