@@ -1,10 +1,12 @@
 #include "model/kuVariantSet.h"
 
 #include "model/kuVariantGroup.h"
+#include "support/BracketRecorder.h"
 #include "support/VariantsTest.h"
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::Pair;
 
 namespace {
 
@@ -176,6 +178,18 @@ TEST_F(kuVariantSetTest, HideLeavesInactiveGroupsAndShowReachesEveryNodeOfTheNam
   EXPECT_TRUE(hood->getActive());
   EXPECT_TRUE(twin->getActive());
   EXPECT_FALSE(other->getActive());
+}
+
+TEST_F(kuVariantSetTest, ShowAndHideBracketTheFlagOfWhatTheySetAlone) {
+  const osg::NodePtr body = scene.group("Body");
+  scene.geometry("Hood", {}, body);
+  set.addGeometry("Body");
+  const BracketRecorder recorder;
+  const auto flag = Pair("Node", osg::FieldMask(1));
+  set.hideGeometry();
+  EXPECT_THAT(recorder.brackets(), ElementsAre(flag));
+  set.showGeometry();
+  EXPECT_THAT(recorder.brackets(), ElementsAre(flag, flag, flag));
 }
 
 TEST_F(kuVariantSetTest, CopyHasIdAndGroupButIsNoMember) {

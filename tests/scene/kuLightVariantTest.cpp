@@ -3,12 +3,14 @@
 #include "host/kernel/kuController.h"
 #include "host/utils/kuLights.h"
 #include "manager/kuVariants.h"
+#include "support/BracketRecorder.h"
 #include "support/MessageReceiver.h"
 #include "support/VariantText.h"
 #include "support/VariantsTest.h"
 #include "support/kuVariantsTestAccess.h"
 
 using ::testing::ElementsAre;
+using ::testing::Pair;
 
 namespace {
 
@@ -83,10 +85,27 @@ TEST_F(kuLightVariantTest, TheFirstLightAnswersWhereOtherNodesComeBefore) {
   EXPECT_EQ(variant.getDefault(), "!Enable");
 }
 
-TEST_F(kuLightVariantTest, EnableOfALightThatIsOnIsAnnounced) {
+TEST_F(kuLightVariantTest, ALightThatStandsAsAskedIsSetAndAnnouncedAllTheSame) {
   scene.light("Lamp", true);
-  bound("Lamp").select(QString("!Enable"));
-  EXPECT_EQ(messages.linesOf("variantsLightsChanged").size(), 1u);
+  kuLightVariant& variant = bound("Lamp");
+  const BracketRecorder recorder;
+  variant.select(QString("!Enable"));
+  EXPECT_THAT(recorder.brackets(), ElementsAre(Pair("UberLight", osg::FieldMask(1) << 8)));
+  variant.select(QString("!Disable"));
+  variant.select(QString("!Disable"));
+  EXPECT_EQ(recorder.brackets().size(), 3u);
+  EXPECT_EQ(messages.linesOf("variantsLightsChanged").size(), 3u);
+}
+
+TEST_F(kuLightVariantTest, TheLightIsSwitchedBeforeItIsTold) {
+  const osg::NodePtr lamp = scene.light("Lamp", true);
+  kuLightVariant& variant = bound("Lamp");
+  std::vector<bool> on;
+  const MessageReceiver receiver("variantsLightsChanged",
+                                 [&](kuMessage&) { on.push_back(kuLights::getOn(lamp)); });
+  for (const char* state : {"!Disable", "!Enable", "!Toggle"})
+    variant.select(QString(state));
+  EXPECT_THAT(on, ElementsAre(false, true, false));
 }
 
 TEST_F(kuLightVariantTest, DisableTurnsOff) {
