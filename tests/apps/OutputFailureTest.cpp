@@ -120,8 +120,12 @@ TEST_F(OutputFailureTest, PipeAsSceneIsRefusedAndStaysAPipe) {
 
 TEST_F(OutputFailureTest, SceneThatDoesNotFitLeavesTheFormerOneAndNoTrace) {
   write("saved.gltf", "former\n");
+  // Room for the trace, which has some 2 kB, and not for the scene, which keeps this note.
+  const std::string note = "\"asset\": {\"extras\": \"" + std::string(20000, 'n') + "\", ";
+  std::string scene = read("car.gltf");
+  scene.replace(scene.find("\"asset\": {"), 10, note);
+  write("car.gltf", QByteArray::fromStdString(scene));
   const QStringList before = files();
-  // Room for the trace, which has some 2 kB, and not for the scene.
   expectNotWritten(
       runInShell("ulimit -f 5",
                  select + QStringList{"--save-scene", "saved.gltf", "--trace", "trace.jsonl"}, ""),

@@ -2,6 +2,7 @@
 #include <QGuiApplication>
 #include <iostream>
 
+#include "host/kernel/kuController.h"
 #include "manager/kuVariants.h"
 #include "model/kuVariantSet.h"
 #include "scene/kuNodeVariant.h"
@@ -31,5 +32,7 @@ int main(int argc, char** argv) {
   kuVariants::selectVariantSet("Summer", false);
   std::cout << "Doors: " << before.toStdString() << " -> " << variant->getCurrent().toStdString()
             << "\n";
+  kuController::call("clearAllVariants",
+                     1);  // the library itself frees nothing when it is unloaded
   return 0;
 }

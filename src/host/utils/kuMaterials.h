@@ -29,6 +29,5 @@ class KUHOST_EXPORT kuMaterials {
   static bool isEditable(const osg::MaterialPtr& material);
 
   /** Appends every node of the scene whose core uses the material, in the order of the scene. */
-  static void getNodesWithMaterial(std::vector<kuNodePtr>& nodes,
-                                   const osg::MaterialPtr& material);
+  static void getNodesWithMaterial(std::vector<kuNodePtr>& nodes, const osg::MaterialPtr& material);
 };
