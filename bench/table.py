@@ -17,7 +17,7 @@ def print_selection(runs):
     figures = {}
     for run in runs:
         name, states, nodes = run["name"].split("/")
-        figures[name, int(nodes), int(states)] = run["ns_per_state"] * 1e9
+        figures[name, int(nodes), int(states)] = run["ns_per_state"]
     print("Selecting N node states in a scene of M nodes, nanoseconds per state")
     print(f"{'M':>9} {'N':>7} {'floor':>9} {'select':>9} {'ratio':>6}   walk per name / select")
     for (name, nodes, states), floor in sorted(figures.items()):

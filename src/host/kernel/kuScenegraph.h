@@ -13,6 +13,8 @@ class KUHOST_EXPORT kuScenegraph {
 
   /** The root of the scene; never null, in an empty scene a node without children. */
   static osg::NodePtr getRoot();
+  /** The same in the form of searches. */
+  static kuNodePtr getRootNode();
 
   /** The first node of that name (UTF-8), or an invalid handle. */
   static kuNodePtr findNode(const char* name);
@@ -37,4 +39,10 @@ class KUHOST_EXPORT kuScenegraph {
 
   /** The materials of the scene; edited in a bracket. Never null. */
   static osg::MaterialPoolPtr getMaterialPool();
+
+  /** Brings the scene graph up to date, with @p now before it returns. */
+  static void update(bool now);
+
+  /** The switch that selects environment geometry; the first of the scene, or null. */
+  static osg::NodePtr environmentGeometrySwitch();
 };

@@ -30,26 +30,23 @@ void sortInSceneOrder(SceneNode** first, SceneNode** last) {
     *first++ = entry.second;
 }
 
-std::size_t NameIndex::Hash::operator()(const Bucket& bucket) const {
-  return TextHash()(bucket.nodes.front()->name());
-}
-
 bool NameIndex::Equal::operator()(const Bucket& a, const Bucket& b) const {
-  return a.nodes.front()->name() == b.nodes.front()->name();
+  return a.hash == b.hash && a.nodes.front()->name() == b.nodes.front()->name();
 }
 
-bool NameIndex::EqualToText::operator()(std::string_view name, const Bucket& bucket) const {
-  return name == bucket.nodes.front()->name();
+bool NameIndex::EqualToSought::operator()(const Sought& sought, const Bucket& bucket) const {
+  return sought.hash == bucket.hash && sought.name == bucket.nodes.front()->name();
 }
 
-NameIndex::Buckets::iterator NameIndex::bucketOf(std::string_view name) {
-  return _buckets.find(name, TextHash(), EqualToText());
+NameIndex::Buckets::iterator NameIndex::bucketOf(const Sought& sought) {
+  return _buckets.find(sought, Hash(), EqualToSought());
 }
 
 void NameIndex::add(SceneNode& node) {
-  const auto bucket = bucketOf(node.name());
+  const Sought sought{node.name(), TextHash()(node.name())};
+  const auto bucket = bucketOf(sought);
   if (bucket == _buckets.end()) {
-    _buckets.emplace(node);
+    _buckets.emplace(node, sought.hash);
     return;
   }
   bucket->nodes.push_back(&node);
@@ -57,7 +54,7 @@ void NameIndex::add(SceneNode& node) {
 }
 
 void NameIndex::remove(SceneNode& node) {
-  const auto bucket = bucketOf(node.name());
+  const auto bucket = bucketOf({node.name(), TextHash()(node.name())});
   if (bucket == _buckets.end()) return;
   Nodes& nodes = bucket->nodes;
   const auto found = std::find(nodes.begin(), nodes.end(), &node);
@@ -70,7 +67,7 @@ void NameIndex::remove(SceneNode& node) {
 }
 
 const NameIndex::Nodes* NameIndex::find(std::string_view name) {
-  const auto bucket = bucketOf(name);
+  const auto bucket = bucketOf({name, TextHash()(name)});
   if (bucket == _buckets.end()) return nullptr;
   if (bucket->unordered) {
     sortInSceneOrder(bucket->nodes.data(), bucket->nodes.data() + bucket->nodes.size());

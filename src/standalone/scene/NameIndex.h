@@ -31,25 +31,33 @@ class KUHOST_EXPORT NameIndex {
  private:
   /** The nodes of one name, never empty: it is found by the name that its first node bears. */
   struct Bucket {
-    explicit Bucket(SceneNode& node) : nodes(1, &node) {}
+    Bucket(SceneNode& node, std::size_t nameHash) : nodes(1, &node), hash(nameHash) {}
 
     // The set of buckets sees only the name, which the rest does not change.
     mutable Nodes nodes;
     /** Whether nodes came since the order was last established. */
     mutable bool unordered = false;
+    /** Hash of the name: others of the same slot are told apart without a look at their nodes. */
+    std::size_t hash;
+  };
+  /** A name with its hash, as it is looked for. */
+  struct Sought {
+    std::string_view name;
+    std::size_t hash;
   };
   struct Hash {
-    std::size_t operator()(const Bucket& bucket) const;
+    std::size_t operator()(const Bucket& bucket) const { return bucket.hash; }
+    std::size_t operator()(const Sought& sought) const { return sought.hash; }
   };
   struct Equal {
     bool operator()(const Bucket& a, const Bucket& b) const;
   };
-  struct EqualToText {
-    bool operator()(std::string_view name, const Bucket& bucket) const;
+  struct EqualToSought {
+    bool operator()(const Sought& sought, const Bucket& bucket) const;
   };
   using Buckets = boost::unordered_set<Bucket, Hash, Equal>;
 
-  Buckets::iterator bucketOf(std::string_view name);
+  Buckets::iterator bucketOf(const Sought& sought);
 
   Buckets _buckets;
 };

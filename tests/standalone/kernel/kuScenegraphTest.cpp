@@ -5,6 +5,7 @@
 #include "support/SceneTest.h"
 
 using kuStandalone::HostState;
+using kuStandalone::SwitchCore;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -104,4 +105,32 @@ TEST_F(kuScenegraphTest, PoolIsThatOfThePresentScene) {
   const auto red = scene.material("Red");
   const osg::MaterialPoolPtr pool = kuScenegraph::getMaterialPool();
   EXPECT_THAT(kuStandalone::ScenePool::of(pool).materials(), ElementsAre(red));
+}
+
+TEST_F(kuScenegraphTest, RootNodeIsTheRootInTheFormOfSearches) {
+  EXPECT_TRUE(kuScenegraph::getRootNode().isValid());
+  EXPECT_EQ(kuScenegraph::getRootNode().getNode(), scene.root());
+}
+
+TEST_F(kuScenegraphTest, UpdateAsksForAFrame) {
+  kuScenegraph::update(false);
+  EXPECT_EQ(HostState::the().renderRequests, 1u);
+  EXPECT_FALSE(HostState::the().lastRenderRequestNow);
+  kuScenegraph::update(true);
+  EXPECT_TRUE(HostState::the().lastRenderRequestNow);
+}
+
+TEST_F(kuScenegraphTest, EnvironmentSwitchIsTheFirstThatIsMarked) {
+  scene.switchNode("Plain", 0, {"A"});
+  const auto group = scene.group("Group");
+  const auto first = scene.switchNode("First", 0, {"Studio"}, group);
+  const auto second = scene.switchNode("Second", 0, {"Street"});
+  for (const auto& node : {second, first})
+    SwitchCore::of(node->getCore()).environment = true;
+  EXPECT_EQ(kuScenegraph::environmentGeometrySwitch(), first);
+}
+
+TEST_F(kuScenegraphTest, SceneWithoutAMarkedSwitchHasNoEnvironmentSwitch) {
+  scene.switchNode("Plain", 0, {"A"});
+  EXPECT_EQ(kuScenegraph::environmentGeometrySwitch(), osg::NullFC);
 }
