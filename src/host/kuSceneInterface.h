@@ -8,6 +8,7 @@
 #include "host/kernel/kuScenegraph.h"
 #include "host/osg/EditCP.h"
 #include "host/osg/Geometry.h"
+#include "host/osg/GraphOp.h"
 #include "host/osg/Group.h"
 #include "host/osg/Material.h"
 #include "host/osg/MaterialGroup.h"

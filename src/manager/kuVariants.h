@@ -127,6 +127,18 @@ class KUVARIANTS_EXPORT kuVariants {
    */
   static void selectVariantSet(const char* name, bool skipViewpoint);
 
+  /** Sheds from every set what the present scene no longer has; see kuVariantSet::optimize. Sets
+   * and groups stay, also those that it empties. */
+  static void optimizeVariantSets();
+  /** Whether a set holds nothing; see kuVariantSet::isEmpty. */
+  static bool hasEmptyVariantSets();
+  /** Whether a group has no sets. */
+  static bool hasEmptyGroups();
+  /** Removes the sets that hold nothing, and announces each. */
+  static void clearEmptyVariantSets();
+  /** Removes the groups without sets, the last first, and announces each. */
+  static void clearEmptyGroups();
+
   /** Empties the manager and announces each kind, sets and groups. The message is not read. */
   static void clearAll(kuMessage& message);
   /** Announces that everything may have changed. */
@@ -159,6 +171,9 @@ class KUVARIANTS_EXPORT kuVariants {
 
   kuVariants();
   virtual ~kuVariants();
+
+  /** Takes a set of the list out, announces that, and deletes it. */
+  static void discard(kuVariantSet* set);
 
   static kuNamedList<kuNodeVariant> _nodeVariants;
   static kuNamedList<kuMaterialVariant> _materialVariants;

@@ -46,12 +46,14 @@ kuVariantSet* kuVariants::getVariantSet(unsigned id) {
 // Silent where nothing was found, and a nameless set goes by its empty name: in both unlike the
 // removal of a variant.
 bool kuVariants::removeVariantSet(const QString& name) {
-  kuVariantSet* found = _variantSets.first(name);
-  if (!found) return true;
-  _variantSets.remove(found);
-  const std::unique_ptr<kuVariantSet> removed(found);  // alive while the message is delivered
-  send("variantSetRemoved", found);
+  if (kuVariantSet* found = _variantSets.first(name)) discard(found);
   return true;
+}
+
+void kuVariants::discard(kuVariantSet* set) {
+  _variantSets.remove(set);
+  const std::unique_ptr<kuVariantSet> removed(set);  // alive while the message is delivered
+  send("variantSetRemoved", set);
 }
 
 void kuVariants::clearVariantSets() {

@@ -89,6 +89,19 @@ class KUVARIANTS_EXPORT kuVariantSet {
   /** Tells the user interface which variants the set uses. */
   void showConnectedVariants();
 
+  /**
+   * Sheds what no longer refers to anything in the present scene: states, geometries, viewpoints
+   * and animations. What cannot be judged stays, so the state of a variant that the manager does
+   * not have. Nobody is told.
+   */
+  void optimize();
+  /** Whether the set holds no states, geometries, viewpoints, animations, script or clipping;
+   * material snapshots, target nodes and values do not count. */
+  bool isEmpty() const;
+  /** Whether anything of the set reaches the present scene; transform states, script and clipping
+   * do not count. */
+  bool isUsed() const;
+
   // The states of the five kinds. add: an empty state takes the variant's default; an entry of that
   // variant keeps its place. add...Variant: the same by name, but an empty state stays empty. find:
   // null without an entry, otherwise good until the entry is removed. remove: the first entry of

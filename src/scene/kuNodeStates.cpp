@@ -81,6 +81,18 @@ int shownChild(const osg::Switch& core, const osg::Node& node) {
   return unsigned(choice) < node.getNChildren() ? choice : NoChild;
 }
 
+bool isSwitchWithChildren(const osg::NodePtr& node) {
+  return node && osg::SwitchPtr::dcast(node->getCore()) && node->getNChildren() > 0;
+}
+
+bool hasChild(const osg::Node& node, const std::string& name) {
+  const unsigned count = node.getNChildren();
+  for (unsigned i = 0; i < count; ++i) {
+    if (name == kuNodeUtils::getName(node.getChild(i))) return true;
+  }
+  return false;
+}
+
 QString childName(const osg::Node& node, unsigned index) {
   return QString::fromUtf8(kuNodeUtils::getName(node.getChild(index)));
 }

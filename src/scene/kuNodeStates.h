@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <string>
 
 #include "host/osg/Node.h"
 #include "host/osg/Switch.h"
@@ -23,6 +24,12 @@ constexpr int AllChildren = -2;
  * -1 too: read as an unsigned number, -2 is not below the number of children.
  */
 int shownChild(const osg::Switch& core, const osg::Node& node);
+
+/** Whether the node's core is a switch and it has a child; false for a null node. */
+bool isSwitchWithChildren(const osg::NodePtr& node);
+
+/** Whether a child of the node bears that name, in UTF-8. */
+bool hasChild(const osg::Node& node, const std::string& name);
 
 /** The name of the child at @p index; empty without such a child. */
 QString childName(const osg::Node& node, unsigned index);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "host/osg/Node.h"
 
 /** The lights of the scene. */
@@ -18,4 +20,7 @@ class KUHOST_EXPORT kuLights {
 
   /** Switches the light to the opposite. */
   static void toggle(const osg::NodePtr& node);
+
+  /** Appends all light nodes of the scene, clones included, in the order of the scene. */
+  static void getLights(std::vector<osg::NodePtr>& lights);
 };

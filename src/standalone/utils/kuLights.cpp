@@ -3,13 +3,23 @@
 #include "host/osg/EditCP.h"
 #include "host/osg/UberLight.h"
 #include "standalone/scene/Cores.h"
+#include "standalone/scene/Scene.h"
+#include "standalone/scene/SceneNode.h"
 
 using kuStandalone::LightCore;
+using kuStandalone::Scene;
+using kuStandalone::SceneNode;
 
 namespace {
 
 osg::UberLightPtr lightOf(const osg::NodePtr& node) {
   return node ? osg::UberLightPtr::dcast(node->getCore()) : osg::UberLightPtr();
+}
+
+void appendLights(const osg::NodePtr& node, std::vector<osg::NodePtr>& lights) {
+  if (kuLights::isLight(node)) lights.push_back(node);
+  for (const osg::NodePtr& child : SceneNode::of(node).children())
+    appendLights(child, lights);
 }
 
 }  // namespace
@@ -29,3 +39,7 @@ void kuLights::setOn(const osg::NodePtr& node, bool on) {
 }
 
 void kuLights::toggle(const osg::NodePtr& node) { setOn(node, !getOn(node)); }
+
+void kuLights::getLights(std::vector<osg::NodePtr>& lights) {
+  appendLights(Scene::the().nodes.root, lights);
+}
