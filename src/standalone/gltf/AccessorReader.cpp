@@ -127,6 +127,14 @@ std::vector<float> AccessorReader::floats(const View& view) const {
   return numbers;
 }
 
+std::vector<std::uint32_t> AccessorReader::wholes(const View& view) const {
+  std::vector<std::uint32_t> numbers;
+  numbers.reserve(std::size_t(view.count));
+  for (std::int64_t at = 0; at < view.count; ++at)
+    numbers.push_back(wholeAt(view.data + at * view.stride, view.componentType));
+  return numbers;
+}
+
 std::uint32_t AccessorReader::largest(const View& view) const {
   std::uint32_t most = 0;
   for (std::int64_t at = 0; at < view.count; ++at)

@@ -35,6 +35,9 @@ class AccessorReader {
   /** All numbers, element after element; normalised integers become fractions. */
   std::vector<float> floats(const View& view) const;
 
+  /** All numbers of an accessor of whole numbers without sign, as its first component has them. */
+  std::vector<std::uint32_t> wholes(const View& view) const;
+
   /** The largest of an accessor's whole numbers of 8, 16 or 32 bits without sign. */
   std::uint32_t largest(const View& view) const;
 

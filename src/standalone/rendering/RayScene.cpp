@@ -1,0 +1,204 @@
+#include "standalone/rendering/RayScene.h"
+
+#include <embree3/rtcore.h>
+
+#include <cmath>
+
+#include "standalone/gltf/GltfSource.h"
+
+namespace kuStandalone {
+
+void Bounds::add(const QVector3D& point) {
+  if (isEmpty()) {
+    least = most = point;
+    return;
+  }
+  for (int axis = 0; axis < 3; ++axis) {
+    least[axis] = std::min(least[axis], point[axis]);
+    most[axis] = std::max(most[axis], point[axis]);
+  }
+}
+
+/** A mesh with the hierarchy that the ray tracer made for it. */
+struct RayScene::BuiltMesh {
+  explicit BuiltMesh(RTCDevice device, std::shared_ptr<const Mesh> built);
+  ~BuiltMesh() { rtcReleaseScene(scene); }
+  BuiltMesh(const BuiltMesh&) = delete;
+  BuiltMesh& operator=(const BuiltMesh&) = delete;
+
+  void attachTriangles(RTCDevice device);
+
+  std::shared_ptr<const Mesh> mesh;
+  Bounds bounds;
+  RTCScene scene;
+};
+
+RayScene::BuiltMesh::BuiltMesh(RTCDevice device, std::shared_ptr<const Mesh> built)
+    : mesh(std::move(built)), scene(rtcNewScene(device)) {
+  for (const Triangle& triangle : mesh->triangles) {
+    for (const std::uint32_t vertex : triangle)
+      bounds.add(mesh->positions[vertex]);
+  }
+  if (!mesh->triangles.empty()) attachTriangles(device);
+  rtcSetSceneFlags(scene, RTC_SCENE_FLAG_ROBUST);
+  rtcCommitScene(scene);
+}
+
+void RayScene::BuiltMesh::attachTriangles(RTCDevice device) {
+  RTCGeometry geometry = rtcNewGeometry(device, RTC_GEOMETRY_TYPE_TRIANGLE);
+  // Its own copy, since the tracer reads a few bytes beyond the last vertex.
+  auto* vertices = static_cast<float*>(
+      rtcSetNewGeometryBuffer(geometry, RTC_BUFFER_TYPE_VERTEX, 0, RTC_FORMAT_FLOAT3,
+                              3 * sizeof(float), mesh->positions.size()));
+  for (const QVector3D& position : mesh->positions) {
+    for (int axis = 0; axis < 3; ++axis)
+      *vertices++ = position[axis];
+  }
+  auto* indices = static_cast<Triangle*>(
+      rtcSetNewGeometryBuffer(geometry, RTC_BUFFER_TYPE_INDEX, 0, RTC_FORMAT_UINT3,
+                              sizeof(Triangle), mesh->triangles.size()));
+  std::copy(mesh->triangles.begin(), mesh->triangles.end(), indices);
+  rtcCommitGeometry(geometry);
+  rtcAttachGeometry(scene, geometry);
+  rtcReleaseGeometry(geometry);
+}
+
+RayScene::RayScene() : _device(rtcNewDevice(nullptr)) {}
+
+RayScene::~RayScene() {
+  reset(nullptr);
+  rtcReleaseDevice(_device);
+}
+
+void RayScene::reset(const std::shared_ptr<SceneSource>& source) {
+  for (RTCGeometry geometry : _geometries)
+    rtcReleaseGeometry(geometry);
+  if (_top) rtcReleaseScene(_top);
+  _top = nullptr;
+  _geometries.clear();
+  _instances.clear();
+  _instanceOfNode.clear();
+  _meshes.clear();
+  _source = source;
+  _surfaces.reset();
+}
+
+void RayScene::update(const Scene& scene, const VisibleScene& visible) {
+  if (!_top || scene.source != _source) {
+    reset(scene.source);
+    _surfaces = std::make_unique<Surfaces>(std::dynamic_pointer_cast<GltfSource>(_source));
+    _top = rtcNewScene(_device);
+    rtcSetSceneFlags(_top, RTC_SCENE_FLAG_ROBUST | RTC_SCENE_FLAG_DYNAMIC);
+    rtcCommitScene(_top);
+  }
+  std::vector<bool> before(_instances.size());
+  for (std::size_t at = 0; at < _instances.size(); ++at) {
+    before[at] = _instances[at].shown;
+    _instances[at].shown = false;
+  }
+  bool changed = false;
+  for (const VisibleGeometry& geometry : visible.geometries) {
+    const BuiltMesh* mesh = meshOf(*geometry.core);
+    if (mesh && geometry.placement.isRegular()) changed |= place(geometry, *mesh);
+  }
+  for (std::size_t at = 0; at < _instances.size(); ++at) {
+    const bool was = at < before.size() && before[at];
+    if (_instances[at].shown == was) continue;
+    _instances[at].shown ? rtcEnableGeometry(_geometries[at]) : rtcDisableGeometry(_geometries[at]);
+    changed = true;
+  }
+  if (changed) {
+    rtcCommitScene(_top);
+    ++_topBuilds;
+  }
+  refreshBounds();
+}
+
+const RayScene::BuiltMesh* RayScene::meshOf(const GeometryCore& core) {
+  const auto* source = static_cast<const GltfSource*>(_source.get());
+  if (!source || core.mesh < 0 || core.primitive < 0) return nullptr;
+  std::unique_ptr<BuiltMesh>& built = _meshes[{core.mesh, core.primitive}];
+  if (!built) {
+    built = std::make_unique<BuiltMesh>(_device, readMesh(*source, core.mesh, core.primitive));
+    ++_meshBuilds;
+  }
+  return built->mesh->triangles.empty() ? nullptr : built.get();
+}
+
+bool RayScene::place(const VisibleGeometry& geometry, const BuiltMesh& mesh) {
+  const auto known = _instanceOfNode.find(geometry.node);
+  // A node that was given another core takes an instance of its own.
+  const bool isNew =
+      known == _instanceOfNode.end() || _instances[known->second].mesh != mesh.mesh;
+  const unsigned index = isNew ? attach(mesh) : known->second;
+  if (isNew) _instanceOfNode[geometry.node] = index;
+  MeshInstance& instance = _instances[index];
+  instance.surface = _surfaces->of(geometry.material);
+  // What shows none of its materials is not to be seen; the ray passes it by.
+  instance.shown = instance.surface != nullptr;
+  if (!isNew && instance.placement == geometry.placement) return false;
+  instance.placement = geometry.placement;
+  instance.bounds = Bounds();
+  for (int corner = 0; corner < 8; ++corner) {
+    const Bounds& b = mesh.bounds;
+    instance.bounds.add(instance.placement.point({corner & 1 ? b.most.x() : b.least.x(),
+                                                  corner & 2 ? b.most.y() : b.least.y(),
+                                                  corner & 4 ? b.most.z() : b.least.z()}));
+  }
+  rtcSetGeometryTransform(_geometries[index], 0, RTC_FORMAT_FLOAT3X4_ROW_MAJOR,
+                          instance.placement.rows().data());
+  rtcCommitGeometry(_geometries[index]);
+  return true;
+}
+
+unsigned RayScene::attach(const BuiltMesh& mesh) {
+  RTCGeometry geometry = rtcNewGeometry(_device, RTC_GEOMETRY_TYPE_INSTANCE);
+  rtcSetGeometryInstancedScene(geometry, mesh.scene);
+  rtcSetGeometryTimeStepCount(geometry, 1);
+  const auto index = unsigned(_instances.size());
+  rtcAttachGeometryByID(_top, geometry, index);
+  rtcDisableGeometry(geometry);
+  _geometries.push_back(geometry);
+  _instances.emplace_back();
+  _instances.back().mesh = mesh.mesh;
+  return index;
+}
+
+void RayScene::refreshBounds() {
+  _bounds = Bounds();
+  _hasOpenings = false;
+  for (const MeshInstance& instance : _instances) {
+    if (!instance.shown) continue;
+    _bounds.add(instance.bounds.least);
+    _bounds.add(instance.bounds.most);
+    _hasOpenings |= instance.surface->alpha != Surface::Alpha::Opaque;
+  }
+}
+
+std::optional<RayHit> RayScene::intersect(const Ray& ray) const {
+  if (ray.isEmpty()) return std::nullopt;
+  RTCIntersectContext context;
+  rtcInitIntersectContext(&context);
+  RTCRayHit query{};
+  query.ray = {ray.origin.x(),    ray.origin.y(),    ray.origin.z(),    ray.nearest,
+               ray.direction.x(), ray.direction.y(), ray.direction.z(), 0,
+               ray.farthest,      ~0U,               0,                 0};
+  query.hit.geomID = query.hit.instID[0] = RTC_INVALID_GEOMETRY_ID;
+  rtcIntersect1(_top, &context, &query);
+  if (query.hit.geomID == RTC_INVALID_GEOMETRY_ID) return std::nullopt;
+  return RayHit{query.ray.tfar, &_instances[query.hit.instID[0]], query.hit.primID, query.hit.u,
+                query.hit.v};
+}
+
+bool RayScene::occluded(const Ray& ray) const {
+  if (ray.isEmpty()) return false;
+  RTCIntersectContext context;
+  rtcInitIntersectContext(&context);
+  RTCRay query = {ray.origin.x(),    ray.origin.y(),    ray.origin.z(),    ray.nearest,
+                  ray.direction.x(), ray.direction.y(), ray.direction.z(), 0,
+                  ray.farthest,      ~0U,               0,                 0};
+  rtcOccluded1(_top, &context, &query);
+  return query.tfar < 0;
+}
+
+}  // namespace kuStandalone

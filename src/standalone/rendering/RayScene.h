@@ -1,0 +1,104 @@
+#pragma once
+
+#include <QVector3D>
+#include <map>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "standalone/rendering/Mesh.h"
+#include "standalone/rendering/Ray.h"
+#include "standalone/rendering/Surface.h"
+#include "standalone/rendering/VisibleScene.h"
+
+struct RTCDeviceTy;
+struct RTCSceneTy;
+struct RTCGeometryTy;
+
+namespace kuStandalone {
+
+/** A box with its sides along the axes; empty at first. */
+struct Bounds {
+  QVector3D least{1, 1, 1}, most{-1, -1, -1};
+
+  bool isEmpty() const { return least.x() > most.x(); }
+  void add(const QVector3D& point);
+  QVector3D center() const { return (least + most) / 2; }
+  QVector3D size() const { return isEmpty() ? QVector3D() : most - least; }
+};
+
+/** A mesh in one place of the scene, with what it looks like. */
+struct MeshInstance {
+  std::shared_ptr<const Mesh> mesh;
+  Placement placement;
+  /** Null for a switch material that shows none: then it is not to be seen. */
+  std::shared_ptr<const Surface> surface;
+  Bounds bounds;
+  bool shown = false;
+};
+
+/** Where a ray met a triangle. */
+struct RayHit {
+  float distance;
+  const MeshInstance* instance;
+  std::uint32_t triangle;
+  /** Weights of the triangle's second and third vertex. */
+  float u, v;
+};
+
+/**
+ * The geometry of a scene as the ray tracer holds it. It follows the scene: a mesh is built once,
+ * however many nodes show it and whatever happens to them; a node that is hidden, shown or moved
+ * costs an update of the topmost level alone, and a material that changes costs nothing there.
+ */
+class KUHOST_EXPORT RayScene {
+ public:
+  RayScene();
+  ~RayScene();
+  RayScene(const RayScene&) = delete;
+  RayScene& operator=(const RayScene&) = delete;
+
+  /** Brings it to what a scene shows now. */
+  void update(const Scene& scene, const VisibleScene& visible);
+
+  /** The first thing that the ray meets, back faces and what is transparent included. */
+  std::optional<RayHit> intersect(const Ray& ray) const;
+  /** Whether it meets anything. */
+  bool occluded(const Ray& ray) const;
+
+  const std::vector<MeshInstance>& instances() const { return _instances; }
+  /** Of all that shows. */
+  const Bounds& bounds() const { return _bounds; }
+  /** Whether light passes through any surface that shows, or a surface has no back. */
+  bool hasOpenings() const { return _hasOpenings; }
+
+  /** How often a mesh was built, and how often the topmost level. */
+  std::uint64_t meshBuilds() const { return _meshBuilds; }
+  std::uint64_t topBuilds() const { return _topBuilds; }
+
+ private:
+  struct BuiltMesh;
+  using MeshKey = std::pair<int, int>;
+
+  void reset(const std::shared_ptr<SceneSource>& source);
+  const BuiltMesh* meshOf(const GeometryCore& core);
+  /** Places a geometry; the answer is whether the topmost level changed. */
+  bool place(const VisibleGeometry& geometry, const BuiltMesh& mesh);
+  unsigned attach(const BuiltMesh& mesh);
+  void refreshBounds();
+
+  RTCDeviceTy* _device;
+  RTCSceneTy* _top = nullptr;
+  std::shared_ptr<SceneSource> _source;
+  std::unique_ptr<Surfaces> _surfaces;
+  std::map<MeshKey, std::unique_ptr<BuiltMesh>> _meshes;
+  std::vector<MeshInstance> _instances;
+  std::vector<RTCGeometryTy*> _geometries;
+  std::unordered_map<std::uint32_t, unsigned> _instanceOfNode;
+  Bounds _bounds;
+  bool _hasOpenings = false;
+  std::uint64_t _meshBuilds = 0, _topBuilds = 0;
+};
+
+}  // namespace kuStandalone

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "standalone/rendering/RayScene.h"
+
+namespace kuStandalone {
+
+/** A place on a surface with all that its textures say there. Colours are linear. */
+struct SurfacePoint {
+  QVector3D position;
+  /** Of the triangle itself and of the shaded surface; both point to where the ray came from. */
+  QVector3D geometricNormal, normal;
+  QVector3D baseColor;
+  float opacity = 1;
+  float metallic = 0, roughness = 1;
+  QVector3D emissive;
+  /** Share of the light from all around that reaches it. */
+  float occlusion = 1;
+  /** Whether the ray met the back of the triangle. */
+  bool isBack = false;
+  const Surface* surface = nullptr;
+};
+
+/** The opacity alone, and whether the back was met: what decides whether a ray goes on. */
+struct Coverage {
+  float opacity;
+  bool isBack;
+};
+
+KUHOST_EXPORT Coverage coverageOf(const RayHit& hit, const Ray& ray);
+KUHOST_EXPORT SurfacePoint surfacePoint(const RayHit& hit, const Ray& ray);
+
+}  // namespace kuStandalone

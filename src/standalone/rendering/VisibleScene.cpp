@@ -1,0 +1,82 @@
+#include "standalone/rendering/VisibleScene.h"
+
+#include "standalone/gltf/GltfSource.h"
+#include "standalone/scene/SceneNode.h"
+
+namespace kuStandalone {
+
+namespace {
+
+/** The node's own transform, and that of the named state that it stands in. */
+Placement localPlacement(const SceneNode& node) {
+  const Placement own(node.transform());
+  if (!osg::SwitchComponentTransformPtr::dcast(node.core())) return own;
+  const auto& core = TransformSwitchCore::of(node.core());
+  if (core.choice >= core.states.size()) return own;
+  return own * Placement(core.states[core.choice].transform);
+}
+
+class Collector {
+ public:
+  Collector(const Scene& scene, VisibleScene& visible)
+      : _source(dynamic_cast<const GltfSource*>(scene.source.get())), _visible(visible) {}
+
+  void walk(const osg::NodePtr& handle, const Placement& outer, const osg::MaterialPtr& outerGroup) {
+    const SceneNode& node = SceneNode::of(handle);
+    if (!node.active()) return;
+    const Placement placement = outer * localPlacement(node);
+    take(node, placement, outerGroup);
+    const osg::MaterialPtr group = groupMaterial(node, outerGroup);
+    for (const osg::NodePtr& child : shownChildren(node))
+      walk(child, placement, group);
+  }
+
+ private:
+  static osg::MaterialPtr groupMaterial(const SceneNode& node, const osg::MaterialPtr& outer) {
+    if (!osg::MaterialGroupPtr::dcast(node.core())) return outer;
+    const auto& core = MaterialGroupCore::of(node.core());
+    return core.ignore || !core.material ? outer : core.material;
+  }
+
+  void take(const SceneNode& node, const Placement& placement, const osg::MaterialPtr& group) {
+    if (osg::GeometryPtr::dcast(node.core())) {
+      const auto& core = GeometryCore::of(node.core());
+      _visible.geometries.push_back({node.id(), &core, placement, group ? group : core.material});
+    } else if (osg::UberLightPtr::dcast(node.core())) {
+      const auto& core = LightCore::of(node.core());
+      if (core.on) takeLight(core, placement);
+    }
+  }
+
+  void takeLight(const LightCore& core, const Placement& placement) {
+    const QVector3D direction = placement.direction({0, 0, -1}).normalized();
+    _visible.lights.push_back({readLight(_source, core.light), placement.origin(), direction});
+  }
+
+  const GltfSource* _source;
+  VisibleScene& _visible;
+};
+
+}  // namespace
+
+VisibleScene::VisibleScene(const Scene& scene) {
+  if (scene.nodes.root) Collector(scene, *this).walk(scene.nodes.root, Placement(), osg::NullFC);
+}
+
+Placement worldPlacement(const osg::NodePtr& node) {
+  Placement placement;
+  for (const SceneNode* at = &SceneNode::of(node); at; at = at->parent())
+    placement = localPlacement(*at) * placement;
+  return placement;
+}
+
+std::vector<osg::NodePtr> shownChildren(const SceneNode& node) {
+  const std::vector<osg::NodePtr>& children = node.children();
+  if (!osg::SwitchPtr::dcast(node.core())) return children;
+  const int choice = SwitchCore::of(node.core()).choice;
+  if (choice == -2) return children;
+  if (choice < 0 || std::size_t(choice) >= children.size()) return {};
+  return {children[std::size_t(choice)]};
+}
+
+}  // namespace kuStandalone
