@@ -131,6 +131,14 @@ void addDocumentArgument(CLI::App& command, Invocation& invocation) {
       ->type_name("");
 }
 
+CLI::Option& addSaveDocumentOption(CLI::App& command, Invocation& invocation) {
+  return *command
+              .add_option_function<std::string>(
+                  "-o", [&](const std::string& file) { invocation.saveDocument = fileName(file); },
+                  "Write the variants document to this file")
+              ->type_name("DOCUMENT");
+}
+
 bool readCommandLine(int argc, char** argv, Invocation& invocation, Output& output) {
   CLI::App app("Selects variants of a 3D scene by name.");
   describe(app, invocation);

@@ -23,6 +23,8 @@ struct Invocation {
   std::optional<std::string> document;
   /** File for the scene as it is at the end. */
   std::optional<std::string> saveScene;
+  /** File for the variants document as it is at the end. */
+  std::optional<std::string> saveDocument;
   /** What the command does once the inputs are loaded; answers what goes to standard output. */
   std::function<std::string(const Invocation&)> run;
 };

@@ -7,7 +7,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+}  // namespace CLI
 
 /** Each command enters itself, and sets Invocation::run when it is the one that was chosen. */
 void addSceneCommand(CLI::App& app, Invocation& invocation);
@@ -17,6 +18,9 @@ void addSelectCommand(CLI::App& app, Invocation& invocation);
 /** The arguments SCENE and DOCUMENT. */
 void addSceneArgument(CLI::App& command, Invocation& invocation);
 void addDocumentArgument(CLI::App& command, Invocation& invocation);
+
+/** The option -o DOCUMENT. */
+CLI::Option& addSaveDocumentOption(CLI::App& command, Invocation& invocation);
 
 /**
  * The library that reads the command line takes texts in brackets for lists and passes over empty

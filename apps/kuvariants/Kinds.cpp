@@ -13,69 +13,49 @@
 
 namespace {
 
-template <class List>
-std::vector<kuVariant*> asVariants(const List& list) {
-  return {list.begin(), list.end()};
+// What a kind answers, each by the manager's or the set's own function.
+
+template <auto& list>
+std::vector<kuVariant*> variants() {
+  const auto& all = list();
+  return {all.begin(), all.end()};
 }
 
-template <class Variant>
-const Variant& as(const kuVariant& variant) {
-  return static_cast<const Variant&>(variant);
+template <auto& findByName>
+kuVariant* variant(const QString& name) {
+  return findByName(name);
 }
 
-const Kind node = {
-    "node", [] { return asVariants(kuVariants::getNodeVariants()); },
-    [](const QString& name) -> kuVariant* { return kuVariants::findNodeVariant(name); },
-    [](const kuVariantSet& set) -> const auto& {return set.getNodeVariants();
-}  // namespace
-, [](const kuVariant& variant) { return as<kuNodeVariant>(variant).getNode(); }, Keywords::nodeObeys
+template <auto states>
+const std::list<kuVariantState>& statesOf(const kuVariantSet& set) {
+  return (set.*states)();
 }
-;
 
-const Kind material = {
-    "material", [] { return asVariants(kuVariants::getMaterialVariants()); },
-    [](const QString& name) -> kuVariant* { return kuVariants::findMaterialVariant(name); },
-    [](const kuVariantSet& set) -> const auto& {return set.getMaterialVariants();
+template <class Variant, auto base>
+QString baseOf(const kuVariant& variant) {
+  return (static_cast<const Variant&>(variant).*base)();
 }
-, [](const kuVariant& variant) { return as<kuMaterialVariant>(variant).getMaterial(); },
-    Keywords::materialObeys
-}
-;
-
-const Kind transform = {
-    "transform", [] { return asVariants(kuVariants::getTransformVariants()); },
-    [](const QString& name) -> kuVariant* { return kuVariants::findTransformVariant(name); },
-    [](const kuVariantSet& set) -> const auto& {return set.getTransformVariants();
-}
-, [](const kuVariant& variant) { return as<kuTransformVariant>(variant).getNode(); },
-    Keywords::transformObeys
-}
-;
-
-const Kind light = {
-    "light", [] { return asVariants(kuVariants::getLightVariants()); },
-    [](const QString& name) -> kuVariant* { return kuVariants::findLightVariant(name); },
-    [](const kuVariantSet& set) -> const auto& {return set.getLightVariants();
-}
-, [](const kuVariant& variant) { return as<kuLightVariant>(variant).getNode(); },
-    Keywords::lightObeys
-}
-;
-
-const Kind overlay = {
-    "overlay", [] { return asVariants(kuVariants::getOverlayVariants()); },
-    [](const QString& name) -> kuVariant* { return kuVariants::findOverlayVariant(name); },
-    [](const kuVariantSet& set) -> const auto& {return set.getOverlayVariants();
-}
-, [](const kuVariant& variant) { return as<kuOverlayVariant>(variant).getOverlay(); },
-    Keywords::overlayObeys
-}
-;
 
 }  // namespace
 
 const std::array<Kind, 5>& kinds() {
-  static const std::array<Kind, 5> all = {node, material, transform, light, overlay};
+  static const std::array<Kind, 5> all = {{
+      {"node", variants<kuVariants::getNodeVariants>, variant<kuVariants::findNodeVariant>,
+       statesOf<&kuVariantSet::getNodeVariants>, baseOf<kuNodeVariant, &kuNodeVariant::getNode>,
+       Keywords::nodeObeys},
+      {"material", variants<kuVariants::getMaterialVariants>,
+       variant<kuVariants::findMaterialVariant>, statesOf<&kuVariantSet::getMaterialVariants>,
+       baseOf<kuMaterialVariant, &kuMaterialVariant::getMaterial>, Keywords::materialObeys},
+      {"transform", variants<kuVariants::getTransformVariants>,
+       variant<kuVariants::findTransformVariant>, statesOf<&kuVariantSet::getTransformVariants>,
+       baseOf<kuTransformVariant, &kuTransformVariant::getNode>, Keywords::transformObeys},
+      {"light", variants<kuVariants::getLightVariants>, variant<kuVariants::findLightVariant>,
+       statesOf<&kuVariantSet::getLightVariants>, baseOf<kuLightVariant, &kuLightVariant::getNode>,
+       Keywords::lightObeys},
+      {"overlay", variants<kuVariants::getOverlayVariants>, variant<kuVariants::findOverlayVariant>,
+       statesOf<&kuVariantSet::getOverlayVariants>,
+       baseOf<kuOverlayVariant, &kuOverlayVariant::getOverlay>, Keywords::overlayObeys},
+  }};
   return all;
 }
 

@@ -10,6 +10,7 @@
 #include "MessageTrace.h"
 #include "OutputFile.h"
 #include "document/kuVariantReader.h"
+#include "document/kuVariantWriter.h"
 #include "host/kernel/kuController.h"
 #include "standalone/gltf/SceneFile.h"
 #include "standalone/scene/Scene.h"
@@ -73,6 +74,8 @@ void savePresentScene(const std::string& path) {
   throw Failure{ExitCode::OutputNotWritten, "cannot write", result.error, ""};
 }
 
+std::string presentDocument() { return kuVariantWriter().write().toStdString(); }
+
 }  // namespace
 
 Workspace::Workspace(const CommonOptions& options)
@@ -115,10 +118,13 @@ void Workspace::loadDocument(const std::string& path) {
   throw Failure{ExitCode::InputNotValid, "cannot read document", path, _readError};
 }
 
-void Workspace::save(const std::optional<std::string>& scenePath) {
+void Workspace::save(const Invocation& invocation) {
   const Interrupt::Deferred untilInPlace;
-  std::optional<OutputFile> trace;
+  std::optional<OutputFile> trace, document;
   if (_trace) trace.emplace(*_tracePath).prepare(_trace->lines());
-  if (scenePath) savePresentScene(*scenePath);
+  if (invocation.saveDocument)
+    document.emplace(*invocation.saveDocument).prepare(presentDocument());
+  if (invocation.saveScene) savePresentScene(*invocation.saveScene);
+  if (document) document->put();
   if (trace) trace->put();
 }

@@ -30,10 +30,10 @@ class Workspace {
   void loadDocument(const std::string& path);
 
   /**
-   * Writes the trace, and the present scene where a file for it is named, or throws a Failure; a
-   * file that could not be written is as it was.
+   * Writes the trace, and the present scene and the variants document where files for them are
+   * named, or throws a Failure; a file that could not be written is as it was.
    */
-  void save(const std::optional<std::string>& scenePath);
+  void save(const Invocation& invocation);
 
  private:
   void log(kuStandalone::LogLevel level, const std::string& text);

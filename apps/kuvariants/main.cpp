@@ -3,6 +3,7 @@
 #include "CommandLine.h"
 #include "Diagnostics.h"
 #include "Failure.h"
+#include "FileClash.h"
 #include "Interrupt.h"
 #include "Output.h"
 #include "Workspace.h"
@@ -13,11 +14,12 @@ void run(int argc, char** argv) {
   Output output;
   Invocation invocation;
   if (!readCommandLine(argc, argv, invocation, output)) return;
+  refuseClashes(invocation);
   Workspace workspace(invocation.common);
   workspace.loadScene(invocation.scene);
   if (invocation.document) workspace.loadDocument(*invocation.document);
   const std::string text = invocation.run(invocation);
-  workspace.save(invocation.saveScene);
+  workspace.save(invocation);
   output.write(text);
 }
 

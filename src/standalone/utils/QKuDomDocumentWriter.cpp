@@ -68,7 +68,7 @@ int rankOf(const QString& attribute) {
 /** Whether something but elements stands in it: then blanks between them would be text. */
 bool holdsText(const QDomElement& element) {
   for (QDomNode child = element.firstChild(); !child.isNull(); child = child.nextSibling()) {
-    if (child.isCharacterData() && !child.isComment() && !child.nodeValue().isEmpty()) return true;
+    if (child.isText() && !child.nodeValue().isEmpty()) return true;  // CDATA is text too
   }
   return false;
 }

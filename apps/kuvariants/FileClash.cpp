@@ -1,0 +1,62 @@
+#include "FileClash.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "CommandLine.h"
+#include "Failure.h"
+#include "OutputFile.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct NamedFile {
+  const char* role;
+  std::string path;
+  bool written;
+  /** What may stand in the place of what. */
+  enum class Content { Scene, Document, Trace } content;
+};
+
+using Content = NamedFile::Content;
+
+std::vector<NamedFile> filesOf(const Invocation& invocation) {
+  std::vector<NamedFile> files{{"SCENE", invocation.scene, false, Content::Scene}};
+  const auto add = [&](const char* role, const std::optional<std::string>& path, bool written,
+                       Content content) {
+    if (path) files.push_back({role, *path, written, content});
+  };
+  add("DOCUMENT", invocation.document, false, Content::Document);
+  add("--save-scene", invocation.saveScene, true, Content::Scene);
+  add("-o", invocation.saveDocument, true, Content::Document);
+  add("--trace", invocation.common.trace, true, Content::Trace);
+  return files;
+}
+
+bool isSame(const std::string& a, const std::string& b) {
+  std::error_code error;
+  if (fs::equivalent(a, b, error)) return true;
+  const fs::path first = fs::weakly_canonical(a, error), second = fs::weakly_canonical(b, error);
+  return !error && first == second;
+}
+
+bool clash(const NamedFile& a, const NamedFile& b) {
+  if (!a.written && !b.written) return false;
+  // Nothing is destroyed by writing to a pipe or a device twice.
+  return a.content != b.content && isSame(a.path, b.path) && !OutputFile::isSpecial(b.path);
+}
+
+}  // namespace
+
+void refuseClashes(const Invocation& invocation) {
+  const std::vector<NamedFile> files = filesOf(invocation);
+  for (auto second = files.begin(); second != files.end(); ++second) {
+    for (auto first = files.begin(); first != second; ++first) {
+      if (!clash(*first, *second)) continue;
+      throw Failure{ExitCode::CommandLineWrong, "wrong command line", second->path,
+                    std::string("is named for both ") + first->role + " and " + second->role};
+    }
+  }
+}
