@@ -96,7 +96,9 @@ void setVector(QDomElement& element, const QString (&names)[3], const Vector& ve
 
 void SetElement::writeAnalyzer(const kuVariantSet& set) {
   QDomElement analyzer = append(QStringLiteral("Analyzer"));
-  const auto setNumber = [&](const QString& name, int value) { analyzer.setAttribute(name, value); };
+  const auto setNumber = [&](const QString& name, int value) {
+    analyzer.setAttribute(name, value);
+  };
   setNumber(QStringLiteral("clipState"), set.getClippingState());
   setVector(analyzer,
             {QStringLiteral("clipPlanePositionX"), QStringLiteral("clipPlanePositionY"),
