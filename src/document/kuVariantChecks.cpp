@@ -25,9 +25,9 @@ using Keywords = std::initializer_list<kuKeyword>;
 
 constexpr Keywords switchDefaults = {kuKeyword::All, kuKeyword::None, kuKeyword::Enable,
                                      kuKeyword::Disable};
-constexpr Keywords switchOptions = {kuKeyword::All,      kuKeyword::None,    kuKeyword::Enable,
-                                    kuKeyword::Disable,  kuKeyword::Next,    kuKeyword::NextLoop,
-                                    kuKeyword::Previous, kuKeyword::PreviousLoop};
+constexpr Keywords switchOptions = {
+    kuKeyword::All,  kuKeyword::None,     kuKeyword::Enable,   kuKeyword::Disable,
+    kuKeyword::Next, kuKeyword::NextLoop, kuKeyword::Previous, kuKeyword::PreviousLoop};
 constexpr Keywords nodeDefaults = {kuKeyword::Enable, kuKeyword::Disable};
 constexpr Keywords nodeOptions = {kuKeyword::Enable, kuKeyword::Disable, kuKeyword::Toggle};
 constexpr Keywords materialOptions = {kuKeyword::Next, kuKeyword::NextLoop, kuKeyword::Previous,
@@ -100,8 +100,7 @@ QSet<QString> childNames(const osg::Node& node) {
 }
 
 /** Whether the default state passes, which an empty one does; tells why otherwise. */
-bool checkSwitchDefault(kuNodeVariant& variant, const QSet<QString>& children,
-                        Findings& findings) {
+bool checkSwitchDefault(kuNodeVariant& variant, const QSet<QString>& children, Findings& findings) {
   const QString& state = variant.getDefault();
   if (state.isEmpty()) return true;
   if (!variant.find(state)) {
@@ -174,8 +173,7 @@ bool checkMaterialDefault(kuMaterialVariant& variant, const QSet<QString>& state
 }
 
 void checkMaterialVariant(kuMaterialVariant& variant, Findings& findings) {
-  const kuMaterialPtr found =
-      kuMaterials::findMaterial(variant.getMaterial().toUtf8().constData());
+  const kuMaterialPtr found = kuMaterials::findMaterial(variant.getMaterial().toUtf8().constData());
   if (!found.isValid()) {
     findings.error("switch-material not found");
     return;

@@ -29,8 +29,8 @@ struct Fields {
 
   /** Bytes go into the stream as they are, and its codec decides what becomes of them. */
   void writeTo(QTextStream& stream, const char* severity, const char* message) const {
-    for (const char* field : {severity, type.constData(), name.constData(), context.constData(),
-                              state.constData()})
+    for (const char* field :
+         {severity, type.constData(), name.constData(), context.constData(), state.constData()})
       stream << field << ",";
     stream << message << "\n";
   }
