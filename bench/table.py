@@ -1,6 +1,6 @@
 """Prints the ratios of a run of the benchmarks.
 
-Usage: table.py SELECTION.json READING.json, both written with --benchmark_format=json.
+Usage: table.py SELECTION.json READING.json WRITING.json, all written with --benchmark_format=json.
 """
 
 import json
@@ -45,6 +45,19 @@ def print_reading(runs):
     print(f"{'ratio':12} {time_ratio:8.2f} {peak_ratio:9.2f}")
 
 
+def print_writing(runs):
+    times = {}
+    for run in runs:
+        times.setdefault(run["name"].split("/")[0], []).append(run["real_time"] / 1e6)
+    text = runs[0]["text_MB"]
+    print(f"\nWriting a document of {text:.1f} MB, beside a bare QDomDocument and its toByteArray")
+    print(f"{'':12} {'ms':>8}")
+    for name in ("toByteArray", "write"):
+        print(f"{name:12} {median(times[name]):8.0f}")
+    print(f"{'ratio':12} {median(times['write']) / median(times['toByteArray']):8.2f}")
+
+
 if __name__ == "__main__":
     print_selection(load(sys.argv[1]))
     print_reading(load(sys.argv[2]))
+    print_writing(load(sys.argv[3]))

@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "Outcome.h"
+
 class Output;
 class Workspace;
 
@@ -25,8 +27,10 @@ struct Invocation {
   std::optional<std::string> saveScene;
   /** File for the variants document as it is at the end. */
   std::optional<std::string> saveDocument;
-  /** What the command does once the inputs are loaded; answers what goes to standard output. */
-  std::function<std::string(const Invocation&)> run;
+  /** File for the report of the command. */
+  std::optional<std::string> saveReport;
+  /** What the command does once the inputs are loaded. */
+  std::function<Outcome(const Invocation&)> run;
 };
 
 /**

@@ -17,7 +17,7 @@ struct NamedFile {
   std::string path;
   bool written;
   /** What may stand in the place of what. */
-  enum class Content { Scene, Document, Trace } content;
+  enum class Content { Scene, Document, Report, Trace } content;
 };
 
 using Content = NamedFile::Content;
@@ -31,6 +31,7 @@ std::vector<NamedFile> filesOf(const Invocation& invocation) {
   add("DOCUMENT", invocation.document, false, Content::Document);
   add("--save-scene", invocation.saveScene, true, Content::Scene);
   add("-o", invocation.saveDocument, true, Content::Document);
+  add("-o", invocation.saveReport, true, Content::Report);
   add("--trace", invocation.common.trace, true, Content::Trace);
   return files;
 }

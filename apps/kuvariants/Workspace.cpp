@@ -118,13 +118,15 @@ void Workspace::loadDocument(const std::string& path) {
   throw Failure{ExitCode::InputNotValid, "cannot read document", path, _readError};
 }
 
-void Workspace::save(const Invocation& invocation) {
+void Workspace::save(const Invocation& invocation, const Outcome& outcome) {
   const Interrupt::Deferred untilInPlace;
-  std::optional<OutputFile> trace, document;
+  std::optional<OutputFile> trace, document, report;
   if (_trace) trace.emplace(*_tracePath).prepare(_trace->lines());
   if (invocation.saveDocument)
     document.emplace(*invocation.saveDocument).prepare(presentDocument());
+  if (invocation.saveReport) report.emplace(*invocation.saveReport).prepare(outcome.report);
   if (invocation.saveScene) savePresentScene(*invocation.saveScene);
   if (document) document->put();
+  if (report) report->put();
   if (trace) trace->put();
 }

@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <exception>
 
 #include "CommandLine.h"
@@ -10,17 +12,19 @@
 
 namespace {
 
-void run(int argc, char** argv) {
+ExitCode run(int argc, char** argv) {
   Output output;
   Invocation invocation;
-  if (!readCommandLine(argc, argv, invocation, output)) return;
+  if (!readCommandLine(argc, argv, invocation, output)) return ExitCode::Done;
   refuseClashes(invocation);
   Workspace workspace(invocation.common);
   workspace.loadScene(invocation.scene);
   if (invocation.document) workspace.loadDocument(*invocation.document);
-  const std::string text = invocation.run(invocation);
-  workspace.save(invocation);
-  output.write(text);
+  const Outcome outcome = invocation.run(invocation);
+  workspace.save(invocation, outcome);
+  output.write(outcome.text);
+  writeAll(STDERR_FILENO, outcome.remarks);
+  return outcome.code;
 }
 
 std::string lineOf(const Failure& failure) {
@@ -35,7 +39,7 @@ int main(int argc, char** argv) {
   Interrupt::install();
   ExitCode code = ExitCode::Done;
   try {
-    run(argc, argv);
+    code = run(argc, argv);
   } catch (const Failure& failure) {
     printDiagnostic(lineOf(failure));
     code = failure.code;

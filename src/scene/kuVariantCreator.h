@@ -23,6 +23,9 @@ class KUVARIANTS_EXPORT kuVariantCreator : public osg::GraphOp {
   virtual bool traverse(osg::NodePtr node) = 0;
 
  private:
+  friend struct kuVariantsTestAccess;
+
+  osg::Action::ResultE traverseEnter(const osg::NodePtr& node) override = 0;
   osg::Action::ResultE traverseLeave(const osg::NodePtr& node,
                                      osg::Action::ResultE result) override;
 };

@@ -10,6 +10,7 @@
 #include "scene/kuMaterialVariant.h"
 #include "scene/kuNodeVariant.h"
 #include "scene/kuOverlayVariant.h"
+#include "scene/kuVariantCreator.h"
 
 /**
  * The one door by which tests reach what the library keeps private. A test that needs a private
@@ -40,6 +41,13 @@ struct kuVariantsTestAccess {
   }
   static int presentState(const osg::MaterialPtr& material) {
     return kuMaterialVariant().getCurrentState(material);
+  }
+  static osg::Action::ResultE enter(kuVariantCreator& creator, const osg::NodePtr& node) {
+    return creator.traverseEnter(node);
+  }
+  static osg::Action::ResultE leave(kuVariantCreator& creator, const osg::NodePtr& node,
+                                    osg::Action::ResultE result) {
+    return creator.traverseLeave(node, result);
   }
   static QString normalizeHotkeyText(const QString& text) {
     return kuVariantReader::normalizeHotkeyText(text);
