@@ -7,7 +7,7 @@ namespace kuStandalone {
 
 namespace {
 
-constexpr float floorLevel = 0.42f, horizonLevel = 0.72f, skyLevel = 0.95f, mainLevel = 3.2f;
+constexpr float floorLevel = 0.3f, horizonLevel = 0.5f, skyLevel = 0.72f, mainLevel = 1.8f;
 
 float smooth(float from, float to, float x) {
   const float t = std::min(std::max((x - from) / (to - from), 0.0f), 1.0f);
