@@ -2,6 +2,7 @@
 
 #include "host/services/kuKernelServiceFactory.h"
 #include "standalone/animation/AnimationPlayer.h"
+#include "standalone/rendering/ScenePictures.h"
 #include "standalone/scene/Scene.h"
 #include "standalone/services/CameraService.h"
 #include "standalone/services/SceneplateService.h"
@@ -28,6 +29,7 @@ StandaloneHost::~StandaloneHost() {
   factory.unregisterService<kuCameraService>();
   factory.unregisterService<kuSceneplateService>();
   factory.unregisterService<kuTransformService>();
+  ScenePictures::the().forget();
   Scene::install(std::make_unique<Scene>());
 }
 

@@ -1,12 +1,26 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "host/kuHostExport.h"
 
 class QMainWindow;
+class kuOSGWidget;
+class kuRaytracingUtilsBase;
 
 namespace kuStandalone {
+
+/** The exports of pictures so far, and what the last one asked for. */
+struct PictureExports {
+  /** Exports that were begun, those of their pictures that were done, and exports that were ended
+   * by their own operation. */
+  std::uint64_t begun = 0, done = 0, ended = 0;
+  int width = 0, height = 0, quality = 0;
+  bool noProgress = false, noOverwriteMessage = false;
+  /** Writers that live. */
+  int writers = 0;
+};
 
 /** What the library asked of the application so far, and what the application told it. */
 struct KUHOST_EXPORT HostState {
@@ -31,6 +45,20 @@ struct KUHOST_EXPORT HostState {
   bool lastScriptCommandSync = false;
   /** The application's main window; null while it has none. */
   QMainWindow* mainWindow = nullptr;
+  /** The answer of kuOSGWidget::getMGLW; null while the application has none. */
+  kuOSGWidget* renderWidget = nullptr;
+  /** The answer of kuOSGWidget::getRaytracing. This host's own frames are all ray traced; an
+   * application that shows others says so. */
+  bool raytracing = true;
+  /** The setting of the host's own ray tracer: samples per pixel of the widget's frames and of
+   * exported pictures. -1, like every number below 1, takes the renderer's own default. */
+  int renderSetting = -1;
+  /** What kuRaytracingManager answers in the place of the host's own; null for that. */
+  kuRaytracingUtilsBase* raytracingUtils = nullptr;
+  /** Told how far an export is, from 0 to 1, unless the export wants no progress; false stops it.
+   * It is called in the midst of rendering and must not change the scene. */
+  std::function<bool(double)> exportProgress;
+  PictureExports exports;
 };
 
 }  // namespace kuStandalone
