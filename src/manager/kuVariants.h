@@ -1,6 +1,7 @@
 #pragma once
 
 #include <qnamespace.h>
+#include <QByteArray>
 #include <QFlags>
 #include <QString>
 #include <vector>
@@ -139,6 +140,24 @@ class KUVARIANTS_EXPORT kuVariants {
   /** Removes the groups without sets, the last first, and announces each. */
   static void clearEmptyGroups();
 
+  /** Renders the present scene at the size of a preview, 264 by 256; otherwise as below. */
+  static QByteArray createPreviewImage(bool showProgress, bool forceRaytracingSetting);
+  /**
+   * Renders the present scene into an image file in memory, whatever the host makes of it; empty
+   * where it makes nothing. It returns when the picture is done.
+   * @param forceRaytracingSetting renders with the setting of a finished picture where the renderer
+   * is in raytracing mode; the host's own setting is put back.
+   */
+  static QByteArray createPreviewImage(int width, int height, bool showProgress,
+                                       bool forceRaytracingSetting);
+  /**
+   * Makes a set's preview, and refreshes the camera of its default viewpoint. Null does nothing.
+   * @param useFrameBuffer takes the middle of the frame on screen instead of rendering, and the
+   * other flags then do nothing; without a frame the preview is empty.
+   */
+  static void renderVariantSetPreview(kuVariantSet* set, bool useFrameBuffer, bool showProgress,
+                                      bool forceRaytracingSetting);
+
   /** Empties the manager and announces each kind, sets and groups. The message is not read. */
   static void clearAll(kuMessage& message);
   /** Announces that everything may have changed. */
@@ -174,6 +193,9 @@ class KUVARIANTS_EXPORT kuVariants {
 
   /** Takes a set of the list out, announces that, and deletes it. */
   static void discard(kuVariantSet* set);
+
+  /** A PNG file of the middle of the frame on screen; empty without one. The set is not used. */
+  static QByteArray getPreviewImageFromFrameBuffer(kuVariantSet* set);
 
   static kuNamedList<kuNodeVariant> _nodeVariants;
   static kuNamedList<kuMaterialVariant> _materialVariants;
