@@ -21,11 +21,9 @@ const QVector3D& mainDirection() {
 
 float level(const QVector3D& direction) {
   const float height = direction.y();
-  const float around = height < 0
-                           ? horizonLevel + (floorLevel - horizonLevel) * smooth(0, 0.35f, -height)
-                           : horizonLevel + (skyLevel - horizonLevel) * smooth(0, 0.8f, height);
-  return around +
-         mainLevel * smooth(0.82f, 0.97f, QVector3D::dotProduct(direction, mainDirection()));
+  const float around = height < 0 ? horizonLevel + (floorLevel - horizonLevel) * smooth(0, 0.35f, -height)
+                                  : horizonLevel + (skyLevel - horizonLevel) * smooth(0, 0.8f, height);
+  return around + mainLevel * smooth(0.82f, 0.97f, QVector3D::dotProduct(direction, mainDirection()));
 }
 
 }  // namespace
@@ -39,8 +37,8 @@ QVector3D Environment::diffuse(const QVector3D& normal) {
   // The gradient's mean over the half sphere, and the main light as if it were a small disc.
   const float around = floorLevel + (skyLevel - floorLevel) * (normal.y() + 1) / 2;
   constexpr float mainShare = 0.11f;  // the disc's solid angle divided by pi, softened rim included
-  const float main =
-      mainLevel * mainShare * std::max(QVector3D::dotProduct(normal, mainDirection()), 0.0f);
+  const float main = mainLevel * mainShare *
+                     std::max(QVector3D::dotProduct(normal, mainDirection()), 0.0f);
   return QVector3D(1, 1, 1) * (around + main);
 }
 

@@ -94,7 +94,8 @@ class MeshReader {
     const std::size_t count = _mesh.positions.size();
     if (a >= count || b >= count || c >= count) return;
     const QVector3D& p = _mesh.positions[a];
-    const QVector3D area = QVector3D::crossProduct(_mesh.positions[b] - p, _mesh.positions[c] - p);
+    const QVector3D area =
+        QVector3D::crossProduct(_mesh.positions[b] - p, _mesh.positions[c] - p);
     if (isFinite(area) && !area.isNull()) _mesh.triangles.push_back({a, b, c});
   }
 
@@ -117,8 +118,8 @@ class MeshReader {
         positions.push_back(_mesh.positions[vertex]);
         _sourceVertex.push_back(vertex);
       }
-      const QVector3D normal =
-          QVector3D::normal(positions[first], positions[first + 1], positions[first + 2]);
+      const QVector3D normal = QVector3D::normal(positions[first], positions[first + 1],
+                                                 positions[first + 2]);
       _mesh.normals.insert(_mesh.normals.end(), 3, unit(normal, {0, 1, 0}));
       triangle = {first, first + 1, first + 2};
     }
@@ -194,8 +195,8 @@ class MeshReader {
     for (std::size_t at = 0; at + step <= list.size(); at += step) {
       const float alpha = step == 4 ? list[at + 3] : 1;
       const QVector4D color(list[at], list[at + 1], list[at + 2], alpha);
-      colors.push_back(
-          isFinite(color.toVector3D()) && std::isfinite(alpha) ? color : QVector4D(1, 1, 1, 1));
+      colors.push_back(isFinite(color.toVector3D()) && std::isfinite(alpha) ? color
+                                                                            : QVector4D(1, 1, 1, 1));
     }
     _mesh.colors = spread(std::move(colors));
   }
@@ -212,8 +213,7 @@ class MeshReader {
 }  // namespace
 
 std::shared_ptr<const Mesh> readMesh(const GltfSource& source, int mesh, int primitive) {
-  const QJsonArray primitives =
-      source.root["meshes"].toArray()[mesh].toObject()["primitives"].toArray();
+  const QJsonArray primitives = source.root["meshes"].toArray()[mesh].toObject()["primitives"].toArray();
   const QJsonValue found = primitives.at(primitive);
   if (!found.isObject()) return std::make_shared<const Mesh>();
   return MeshReader(source, found.toObject()).read();

@@ -71,7 +71,9 @@ PathTracer::PathTracer(const TracedScene& scene) : _scene(scene) {
   _offset = std::max({size * 1e-5f, far * 1e-6f, 1e-7f});
 }
 
-Ray PathTracer::cut(const Ray& ray) const { return _scene.cut ? _scene.cut->outside(ray) : ray; }
+Ray PathTracer::cut(const Ray& ray) const {
+  return _scene.cut ? _scene.cut->outside(ray) : ray;
+}
 
 /** Whether the ray goes through: an opening, or the back of what has only a front. What is cut open
  * shows its inside. */
@@ -154,8 +156,8 @@ QVector3D PathTracer::shade(const SurfacePoint& point, const QVector3D& toEye,
 
   if (!reflectance.diffuseColor().isNull()) {
     const QVector3D direction = reflectance.scatter(random.at(2), random.at(3));
-    light +=
-        reflectance.diffuseColor() * point.occlusion * bounced(leaving(point, direction, infinity));
+    light += reflectance.diffuseColor() * point.occlusion *
+             bounced(leaving(point, direction, infinity));
   }
   QVector3D share;
   const QVector3D direction = reflectance.reflect(random.at(4), random.at(5), share);
@@ -183,8 +185,8 @@ float PathTracer::groundShadow(const QVector3D& position, const Sampler& random)
 
   const QVector3D direction = flat.scatter(random.at(2), random.at(3));
   float whole = level(Environment::diffuse(point.normal));
-  float lost =
-      (1 - passing(leaving(point, direction, infinity))) * level(Environment::radiance(direction));
+  float lost = (1 - passing(leaving(point, direction, infinity))) *
+               level(Environment::radiance(direction));
   for (const VisibleLight& lamp : _scene.lights) {
     const Arriving light = arriving(lamp, position);
     const float amount = level(light.light) * std::max(light.direction.y(), 0.0f) / 3.14159265f;

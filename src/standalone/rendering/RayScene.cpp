@@ -47,16 +47,16 @@ RayScene::BuiltMesh::BuiltMesh(RTCDevice device, std::shared_ptr<const Mesh> bui
 void RayScene::BuiltMesh::attachTriangles(RTCDevice device) {
   RTCGeometry geometry = rtcNewGeometry(device, RTC_GEOMETRY_TYPE_TRIANGLE);
   // Its own copy, since the tracer reads a few bytes beyond the last vertex.
-  auto* vertices = static_cast<float*>(rtcSetNewGeometryBuffer(geometry, RTC_BUFFER_TYPE_VERTEX, 0,
-                                                               RTC_FORMAT_FLOAT3, 3 * sizeof(float),
-                                                               mesh->positions.size()));
+  auto* vertices = static_cast<float*>(
+      rtcSetNewGeometryBuffer(geometry, RTC_BUFFER_TYPE_VERTEX, 0, RTC_FORMAT_FLOAT3,
+                              3 * sizeof(float), mesh->positions.size()));
   for (const QVector3D& position : mesh->positions) {
     for (int axis = 0; axis < 3; ++axis)
       *vertices++ = position[axis];
   }
-  auto* indices = static_cast<Triangle*>(rtcSetNewGeometryBuffer(geometry, RTC_BUFFER_TYPE_INDEX, 0,
-                                                                 RTC_FORMAT_UINT3, sizeof(Triangle),
-                                                                 mesh->triangles.size()));
+  auto* indices = static_cast<Triangle*>(
+      rtcSetNewGeometryBuffer(geometry, RTC_BUFFER_TYPE_INDEX, 0, RTC_FORMAT_UINT3,
+                              sizeof(Triangle), mesh->triangles.size()));
   std::copy(mesh->triangles.begin(), mesh->triangles.end(), indices);
   rtcCommitGeometry(geometry);
   rtcAttachGeometry(scene, geometry);
@@ -128,7 +128,8 @@ const RayScene::BuiltMesh* RayScene::meshOf(const GeometryCore& core) {
 bool RayScene::place(const VisibleGeometry& geometry, const BuiltMesh& mesh) {
   const auto known = _instanceOfNode.find(geometry.node);
   // A node that was given another core takes an instance of its own.
-  const bool isNew = known == _instanceOfNode.end() || _instances[known->second].mesh != mesh.mesh;
+  const bool isNew =
+      known == _instanceOfNode.end() || _instances[known->second].mesh != mesh.mesh;
   const unsigned index = isNew ? attach(mesh) : known->second;
   if (isNew) _instanceOfNode[geometry.node] = index;
   MeshInstance& instance = _instances[index];
@@ -179,18 +180,9 @@ std::optional<RayHit> RayScene::intersect(const Ray& ray) const {
   RTCIntersectContext context;
   rtcInitIntersectContext(&context);
   RTCRayHit query{};
-  query.ray = {ray.origin.x(),
-               ray.origin.y(),
-               ray.origin.z(),
-               ray.nearest,
-               ray.direction.x(),
-               ray.direction.y(),
-               ray.direction.z(),
-               0,
-               ray.farthest,
-               ~0U,
-               0,
-               0};
+  query.ray = {ray.origin.x(),    ray.origin.y(),    ray.origin.z(),    ray.nearest,
+               ray.direction.x(), ray.direction.y(), ray.direction.z(), 0,
+               ray.farthest,      ~0U,               0,                 0};
   query.hit.geomID = query.hit.instID[0] = RTC_INVALID_GEOMETRY_ID;
   rtcIntersect1(_top, &context, &query);
   if (query.hit.geomID == RTC_INVALID_GEOMETRY_ID) return std::nullopt;
@@ -202,18 +194,9 @@ bool RayScene::occluded(const Ray& ray) const {
   if (ray.isEmpty()) return false;
   RTCIntersectContext context;
   rtcInitIntersectContext(&context);
-  RTCRay query = {ray.origin.x(),
-                  ray.origin.y(),
-                  ray.origin.z(),
-                  ray.nearest,
-                  ray.direction.x(),
-                  ray.direction.y(),
-                  ray.direction.z(),
-                  0,
-                  ray.farthest,
-                  ~0U,
-                  0,
-                  0};
+  RTCRay query = {ray.origin.x(),    ray.origin.y(),    ray.origin.z(),    ray.nearest,
+                  ray.direction.x(), ray.direction.y(), ray.direction.z(), 0,
+                  ray.farthest,      ~0U,               0,                 0};
   rtcOccluded1(_top, &context, &query);
   return query.tfar < 0;
 }

@@ -30,8 +30,8 @@ Reflectance::Reflectance(const SurfacePoint& point, const QVector3D& toEye)
   _tangent = QVector3D::crossProduct(_normal, axis).normalized();
   _side = QVector3D::crossProduct(_normal, _tangent);
   _diffuse = point.baseColor * (1 - point.metallic) * (1 - dielectric);
-  _specular =
-      QVector3D(1, 1, 1) * (dielectric * (1 - point.metallic)) + point.baseColor * point.metallic;
+  _specular = QVector3D(1, 1, 1) * (dielectric * (1 - point.metallic)) +
+              point.baseColor * point.metallic;
   const float roughness = std::max(point.roughness, leastRoughness);
   _alpha = roughness * roughness;
   _cosEye = std::max(dot(_normal, _toEye), 1e-3f);
@@ -78,10 +78,11 @@ QVector3D Reflectance::scatter(float u, float v) const {
 // integrand is the Fresnel term and the masking towards the light.
 QVector3D Reflectance::reflect(float u, float v, QVector3D& share) const {
   const QVector3D eye(dot(_toEye, _tangent), dot(_toEye, _side), _cosEye);
-  const QVector3D stretched = QVector3D(_alpha * eye.x(), _alpha * eye.y(), eye.z()).normalized();
+  const QVector3D stretched =
+      QVector3D(_alpha * eye.x(), _alpha * eye.y(), eye.z()).normalized();
   const float flat = stretched.x() * stretched.x() + stretched.y() * stretched.y();
-  const QVector3D t1 =
-      flat > 0 ? QVector3D(-stretched.y(), stretched.x(), 0) / std::sqrt(flat) : QVector3D(1, 0, 0);
+  const QVector3D t1 = flat > 0 ? QVector3D(-stretched.y(), stretched.x(), 0) / std::sqrt(flat)
+                                : QVector3D(1, 0, 0);
   const QVector3D t2 = QVector3D::crossProduct(stretched, t1);
   const QVector3D on = disc(u, v);
   const float s = (1 + stretched.z()) / 2;

@@ -10,10 +10,7 @@ namespace {
 class Corner {
  public:
   explicit Corner(const RayHit& hit)
-      : _mesh(*hit.instance->mesh),
-        _triangle(_mesh.triangles[hit.triangle]),
-        _u(hit.u),
-        _v(hit.v) {}
+      : _mesh(*hit.instance->mesh), _triangle(_mesh.triangles[hit.triangle]), _u(hit.u), _v(hit.v) {}
 
   const Mesh& mesh() const { return _mesh; }
 
@@ -84,8 +81,9 @@ Coverage coverageOf(const RayHit& hit, const Ray& ray) {
   const Corner corner(hit);
   const Surface& surface = *hit.instance->surface;
   const QVector3D normal = hit.instance->placement.normal(corner.faceNormal());
-  const float opacity =
-      surface.alpha == Surface::Alpha::Opaque ? 1 : opacityOf(baseColor(corner, surface), surface);
+  const float opacity = surface.alpha == Surface::Alpha::Opaque
+                            ? 1
+                            : opacityOf(baseColor(corner, surface), surface);
   return {opacity, QVector3D::dotProduct(normal, ray.direction) > 0};
 }
 

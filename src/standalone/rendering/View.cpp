@@ -81,10 +81,11 @@ View viewOfAll(const Bounds& bounds, float aspect) {
   // Far enough that each corner lies inside the picture.
   float distance = bounds.isEmpty() ? 1 : 0;
   for (int corner = 0; corner < 8 && !bounds.isEmpty(); ++corner) {
-    const QVector3D to = QVector3D(corner & 1 ? bounds.most.x() : bounds.least.x(),
-                                   corner & 2 ? bounds.most.y() : bounds.least.y(),
-                                   corner & 4 ? bounds.most.z() : bounds.least.z()) -
-                         center;
+    const QVector3D to =
+        QVector3D(corner & 1 ? bounds.most.x() : bounds.least.x(),
+                  corner & 2 ? bounds.most.y() : bounds.least.y(),
+                  corner & 4 ? bounds.most.z() : bounds.least.z()) -
+        center;
     const float aside = std::fabs(QVector3D::dotProduct(to, view.right)) / view.halfWidth;
     const float above = std::fabs(QVector3D::dotProduct(to, view.up)) / view.halfHeight;
     const float ahead = QVector3D::dotProduct(to, view.forward);
@@ -99,7 +100,8 @@ View viewOf(const Scene& scene, const Bounds& bounds, float aspect) {
   if (!camera || !camera->node) return viewOfAll(bounds, aspect);
   View view;
   const Placement placement = worldPlacement(camera->node);
-  if (!setLens(view, *camera, aspect) || !orient(view, placement)) return viewOfAll(bounds, aspect);
+  if (!setLens(view, *camera, aspect) || !orient(view, placement))
+    return viewOfAll(bounds, aspect);
   view.eye = placement.origin();
   return view;
 }

@@ -21,8 +21,7 @@ class Collector {
   Collector(const Scene& scene, VisibleScene& visible)
       : _source(dynamic_cast<const GltfSource*>(scene.source.get())), _visible(visible) {}
 
-  void walk(const osg::NodePtr& handle, const Placement& outer,
-            const osg::MaterialPtr& outerGroup) {
+  void walk(const osg::NodePtr& handle, const Placement& outer, const osg::MaterialPtr& outerGroup) {
     const SceneNode& node = SceneNode::of(handle);
     if (!node.active()) return;
     const Placement placement = outer * localPlacement(node);
