@@ -103,11 +103,12 @@ QByteArray kuVariants::getPreviewImageFromFrameBuffer(kuVariantSet*) {
 void kuVariants::renderVariantSetPreview(kuVariantSet* set, bool useFrameBuffer, bool showProgress,
                                          bool forceRaytracingSetting) {
   if (!set) return;
-  // While a picture is rendered the user may remove the set.
+  // While a picture is rendered the user may remove the set: only then is it known where it is.
   const kuVariantSet::Keeper kept(*set);
-  kept->setPreview(useFrameBuffer ? getPreviewImageFromFrameBuffer(set)
-                                  : createPreviewImage(previewWidth, previewHeight, showProgress,
-                                                       forceRaytracingSetting));
+  const QByteArray file = useFrameBuffer ? getPreviewImageFromFrameBuffer(set)
+                                         : createPreviewImage(previewWidth, previewHeight,
+                                                              showProgress, forceRaytracingSetting);
+  kept->setPreview(file);
   kuCameraService* cameras = kuKernelServiceFactory::the().getService<kuCameraService>();
   if (!cameras) return;
   // Also with an empty name: the camera is then a null one.

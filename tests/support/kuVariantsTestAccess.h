@@ -4,6 +4,7 @@
 #include <string>
 
 #include "document/kuVariantReader.h"
+#include "manager/kuVariants.h"
 #include "model/kuVariantSet.h"
 #include "scene/kuAnalyzerVariant.h"
 #include "scene/kuLightVariant.h"
@@ -51,5 +52,8 @@ struct kuVariantsTestAccess {
   }
   static QString normalizeHotkeyText(const QString& text) {
     return kuVariantReader::normalizeHotkeyText(text);
+  }
+  static QByteArray previewFromFrameBuffer(kuVariantSet* set) {
+    return kuVariants::getPreviewImageFromFrameBuffer(set);
   }
 };
