@@ -3,6 +3,8 @@
 #include <qnamespace.h>
 #include <QFlags>
 #include <QString>
+#include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "host/osg/Material.h"
@@ -174,6 +176,9 @@ class KUVARIANTS_EXPORT kuVariants {
 
   /** Takes a set of the list out, announces that, and deletes it. */
   static void discard(kuVariantSet* set);
+  /** From that index on, up to the last set whose id is not above @p lastId; answers the index
+   * where it ended. */
+  static std::size_t clearEmptyVariantSets(std::size_t index, std::uint32_t lastId);
 
   static kuNamedList<kuNodeVariant> _nodeVariants;
   static kuNamedList<kuMaterialVariant> _materialVariants;
