@@ -214,12 +214,12 @@ TEST_F(VerifySummaryTest, NamesAllFiveOfFive) {
 TEST_F(VerifySummaryTest, StatesThatTheSceneObeysComeLastAndAskForNothing) {
   const CliResult result = verify(R"(
     <VariantSet name="Steps"><NodeVariantRef ref="Roof" state="!Next"/>
+      <NodeVariantRef ref="Doors" state="Transform 1"/>
       <MaterialVariantRef ref="Paint" state="!Next"/></VariantSet>
     <NodeVariant name="Roof" base="Roof"><State name="!Toggle"/></NodeVariant>
     <NodeVariant name="Doors" base="Doors"><Default ref="Transform 0"/>
       <State name="Transform 0"/></NodeVariant>
-    <NodeVariant name="Leaves" base="Doors"><State name="Transform 1"/>
-      <State name="Transform 2"/></NodeVariant>
+    <NodeVariant name="Leaves" base="Doors"><State name="Transform 2"/></NodeVariant>
     <MaterialVariant name="Paint" base="Paint"><State name="Red"/></MaterialVariant>)");
   EXPECT_EQ(result.code, 1);
   EXPECT_EQ(result.err, std::string(R"(
@@ -228,10 +228,10 @@ Node variants have states that their node in the scene does not have:
 )") + fitNames + R"(
 These states count as errors, but the scene obeys them:
   Steps: Roof = !Next
+  Steps: Doors = Transform 1
   Steps: Paint = !Next
   Roof: !Toggle
   Doors: Transform 0
-  Leaves, on Doors: Transform 1
   -> Nothing needs to be done.
 
 6 errors; checked: 1 set, 3 node variants, 1 material variant
