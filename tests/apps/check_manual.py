@@ -1,7 +1,8 @@
 """Compares the manual page with what the executable itself tells of its commands and options.
 
-Usage: check_manual.py EXECUTABLE PAGE. Exits with 1 where one has what the other lacks, where the
-version or the order of the sections is wrong, or where the formatter warns.
+Usage: check_manual.py EXECUTABLE PAGE. Exits with 1 where the page lacks a command, where the
+options differ, where the version or the order of the sections is wrong, or where the formatter
+warns.
 """
 
 import re
@@ -53,7 +54,8 @@ def compare(what, told, written, faults):
 def check_commands(executable, overview, page, faults):
     sections = sections_of(page["COMMANDS"], "SS")
     by_name = {heading.split()[0]: text for heading, text in sections.items()}
-    compare("the command", set(commands_of(overview)), set(by_name), faults)
+    faults += [f"the page lacks the command {name}"
+               for name in commands_of(overview) if name not in by_name]
     for name in set(commands_of(overview)) & set(by_name):
         told = options_of(help_of(executable, name)) - {"-h", "--help"}
         compare(f"for {name} the option", told, page_options(by_name[name]), faults)
