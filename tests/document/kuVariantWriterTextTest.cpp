@@ -107,17 +107,17 @@ TEST_P(WriterTexts, AreWrittenInTheFormOfTheirPlace) {
   const std::string text = document.toStdString();
   EXPECT_THAT(text, HasSubstr(" comment=\"" + row.asAttribute + "\" "));
   EXPECT_THAT(text, HasSubstr("    <Script>" + row.asText + "</Script>\n"));
-  EXPECT_THAT(text, HasSubstr("    <Value name=\"" + row.asAttribute + "\">" + row.asText +
-                              "</Value>\n"));
+  EXPECT_THAT(
+      text, HasSubstr("    <Value name=\"" + row.asAttribute + "\">" + row.asText + "</Value>\n"));
 }
 
 TEST_P(WriterTexts, AreWarnedOfOncePerFieldWhereTheyAreReplaced) {
   const std::string start = "warning: Variants document: VariantSet \"S\"";
   const std::string end = ": a character that XML cannot hold was replaced";
   const std::string value = start + " / Value \"" + GetParam().asAttribute + "\", ";
-  const std::vector<std::string> warnings{
-      start + ", attribute \"comment\"" + end, start + " / Script, text" + end,
-      value + "attribute \"name\"" + end, value + "text" + end};
+  const std::vector<std::string> warnings{start + ", attribute \"comment\"" + end,
+                                          start + " / Script, text" + end,
+                                          value + "attribute \"name\"" + end, value + "text" + end};
   EXPECT_THAT(log, ElementsAreArray(GetParam().replaced() ? warnings : std::vector<std::string>{}));
 }
 
@@ -167,19 +167,20 @@ TEST_F(WriterTest, EachFieldThatCannotBeHeldIsWarnedOfInTheOrderOfTheDocument) {
   variant->add("a", "\x01");
   written();
   const auto line = [](const std::string& field) {
-    return "warning: Variants document: " + field + ": a character that XML cannot hold was replaced";
+    return "warning: Variants document: " + field +
+           ": a character that XML cannot hold was replaced";
   };
   const std::string inSet = "VariantGroup \"G\" / VariantSet \"S\" / ";
   EXPECT_THAT(
-      log, ElementsAre(line("VariantGroup \"G\", attribute \"comment\""),
-                       line(inSet + "Hotkey, text"),
-                       line(inSet + "NodeVariantRef \"N\", attribute \"state\""),
-                       line(inSet + "ViewpointRef \"V\xEF\xBF\xBD\", attribute \"ref\""),
-                       line(inSet + "MaterialSnapshot, attribute \"materialName\""),
-                       line("VariantSet \"free\", attribute \"default-viewpoint\""),
-                       line("NodeVariant \"N\", attribute \"base\""),
-                       line("NodeVariant \"N\" / Default \"\xEF\xBF\xBD\", attribute \"ref\""),
-                       line("NodeVariant \"N\" / State \"a\" / Hotkey, text")));
+      log,
+      ElementsAre(line("VariantGroup \"G\", attribute \"comment\""), line(inSet + "Hotkey, text"),
+                  line(inSet + "NodeVariantRef \"N\", attribute \"state\""),
+                  line(inSet + "ViewpointRef \"V\xEF\xBF\xBD\", attribute \"ref\""),
+                  line(inSet + "MaterialSnapshot, attribute \"materialName\""),
+                  line("VariantSet \"free\", attribute \"default-viewpoint\""),
+                  line("NodeVariant \"N\", attribute \"base\""),
+                  line("NodeVariant \"N\" / Default \"\xEF\xBF\xBD\", attribute \"ref\""),
+                  line("NodeVariant \"N\" / State \"a\" / Hotkey, text")));
 }
 
 TEST_F(WriterTest, OneChangeIsOneLineOfADifference) {
