@@ -1,6 +1,6 @@
 // What it costs to optimise and to verify N variants and the sets over them in a scene of 100,000
-// nodes: at two sizes, since the time per state has to be of the same order at both. What is left of
-// growth are the caches, which the smaller size fits into.
+// nodes: at two sizes, since the time per state has to be of the same order at both. What is left
+// of growth are the caches, which the smaller size fits into.
 
 #include <benchmark/benchmark.h>
 #include <fcntl.h>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -83,5 +84,7 @@ struct StateRow {
   const char* state;
   bool stays;
 };
+
+inline void PrintTo(const StateRow& row, std::ostream* out) { *out << row.name; }
 
 inline std::string rowName(const ::testing::TestParamInfo<StateRow>& row) { return row.param.name; }

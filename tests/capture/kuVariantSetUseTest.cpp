@@ -23,6 +23,8 @@ class UseTest : public CaptureTest, public ::testing::WithParamInterface<UseRow>
 class kuVariantSetIsEmptyTest : public UseTest {};
 class kuVariantSetIsUsedTest : public UseTest {};
 
+void PrintTo(const UseRow& row, std::ostream* out) { *out << row.name; }
+
 std::string useRowName(const ::testing::TestParamInfo<UseRow>& row) { return row.param.name; }
 
 const UseRow emptyRows[] = {
