@@ -12,8 +12,7 @@
 namespace {
 
 [[noreturn]] void fail() {
-  throw Failure{ExitCode::OutputNotWritten, "cannot write", "file in memory",
-                std::strerror(errno)};
+  throw Failure{ExitCode::OutputNotWritten, "cannot write", "file in memory", std::strerror(errno)};
 }
 
 }  // namespace

@@ -158,10 +158,9 @@ const std::array<VerifyAdvice, 15> advices = {{
 }  // namespace
 
 const VerifyAdvice* adviceFor(const kuVariantFinding& finding) {
-  const auto found =
-      std::find_if(advices.begin(), advices.end(), [&](const VerifyAdvice& advice) {
-        return std::strcmp(advice.message, finding.message) == 0;
-      });
+  const auto found = std::find_if(advices.begin(), advices.end(), [&](const VerifyAdvice& advice) {
+    return std::strcmp(advice.message, finding.message) == 0;
+  });
   return found == advices.end() ? nullptr : &*found;
 }
 

@@ -59,7 +59,8 @@ struct Group {
 
 Group emptyGroupFor(const kuVariantFinding& finding) {
   if (isObeyed(finding)) {
-    return {"These states count as errors, but the scene obeys them", "Nothing needs to be done.",
+    return {"These states count as errors, but the scene obeys them",
+            "Nothing needs to be done.",
             false,
             {}};
   }

@@ -1,10 +1,7 @@
 #include "capture/kuSceneReferences.h"
 
 #include "host/kernel/kuScenegraph.h"
-#include "host/utils/kuAnimManager.h"
-#include "host/utils/kuLights.h"
 #include "host/utils/kuMaterials.h"
-#include "host/utils/kuNodeUtils.h"
 #include "host/utils/kuSceneplateUtils.h"
 #include "host/utils/kuUberCameraPool.h"
 #include "model/kuUtf8.h"
@@ -30,18 +27,5 @@ bool hasNode(const QString& name) { return !nodes(name).empty(); }
 bool hasViewpoint(const QString& name) {
   return !kuUberCameraPool::the().findViewpoint(kuUtf8(name)).isNull();
 }
-
-Lights::Lights() {
-  std::vector<osg::NodePtr> lights;
-  kuLights::getLights(lights);
-  for (const osg::NodePtr& light : lights)
-    _names.insert(kuNodeUtils::getName(light));
-}
-
-bool Lights::contains(const QString& name) const { return _names.count(kuUtf8(name)) > 0; }
-
-Animations::Animations() { kuAnimManager::the().getBlockAndClipNames(_names); }
-
-bool Animations::contains(const QString& name) const { return _names.count(kuUtf8(name)) > 0; }
 
 }  // namespace kuSceneReferences

@@ -1,9 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <set>
-#include <string>
-#include <unordered_set>
 #include <vector>
 
 #include "host/osg/Node.h"
@@ -20,25 +17,5 @@ std::vector<osg::NodePtr> sceneplates(const QString& name);
 
 bool hasNode(const QString& name);
 bool hasViewpoint(const QString& name);
-
-/** The names of the scene's lights, taken once. */
-class Lights {
- public:
-  Lights();
-  bool contains(const QString& name) const;
-
- private:
-  std::unordered_set<std::string> _names;
-};
-
-/** The names of the scene's animation blocks and clips, taken once. */
-class Animations {
- public:
-  Animations();
-  bool contains(const QString& name) const;
-
- private:
-  std::set<std::string> _names;
-};
 
 }  // namespace kuSceneReferences

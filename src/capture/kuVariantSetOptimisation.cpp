@@ -1,7 +1,11 @@
+#include <QHash>
 #include <algorithm>
+#include <iterator>
+#include <list>
 #include <string>
 #include <vector>
 
+#include "capture/kuSceneNames.h"
 #include "capture/kuSceneReferences.h"
 #include "host/osg/Switch.h"
 #include "host/utils/kuNodeUtils.h"
@@ -49,10 +53,35 @@ Names namesOfGone(const List& list, IsThere isThere) {
   return names;
 }
 
+const QString& nameOf(const kuVariantState& entry) { return entry.getVariant(); }
+const QString& nameOf(const QString& listed) { return listed; }
+
+template <class Entry, class IsDue>
+void eraseWhere(std::list<Entry>& list, IsDue isDue) {
+  list.remove_if(isDue);
+}
+
+template <class Entry, class IsDue>
+void eraseWhere(std::vector<Entry>& list, IsDue isDue) {
+  list.erase(std::remove_if(list.begin(), list.end(), isDue), list.end());
+}
+
+/**
+ * Erases for each of the names the first entry that bears it: of a name collected twice the first
+ * two, if there are so many. One walk for all, since a set may lose thousands.
+ */
 template <class List>
-void eraseFirst(List& list, const QString& gone) {
-  const auto found = std::find(list.begin(), list.end(), gone);
-  if (found != list.end()) list.erase(found);
+void eraseFirstOf(List& list, const Names& gone) {
+  QHash<QString, int> due;
+  for (const QString& name : gone)
+    ++due[name];
+  if (due.isEmpty()) return;
+  eraseWhere(list, [&](const auto& entry) {
+    const auto found = due.find(nameOf(entry));
+    if (found == due.end() || *found == 0) return false;
+    --*found;
+    return true;
+  });
 }
 
 /** Whether one of the switches among the nodes lacks the child; nodes of other kinds do not count.
@@ -104,48 +133,39 @@ bool isTransformStateGone(const kuTransformVariant& variant, const QString& stat
   });
 }
 
-/** Those of lights that are gone; the states play no part. The scene is walked once for all. */
-Names lightsGone(const States& states) {
-  if (states.empty()) return {};
-  const kuSceneReferences::Lights lights;
-  return variantsOfGone(states, kuVariants::findLightVariant,
-                        [&](const kuLightVariant& variant, const QString&) {
-                          return !lights.contains(variant.getNode());
-                        });
-}
-
-Names animationsGone(const std::vector<QString>& list) {
-  if (list.empty()) return {};
-  const kuSceneReferences::Animations present;
-  return namesOfGone(list, [&](const QString& listed) { return present.contains(listed); });
-}
-
 }  // namespace
 
-void kuVariantSet::optimize() {
-  for (const QString& gone :
-       variantsOfGone(nodeVariants, kuVariants::findNodeVariant, isNodeStateGone))
-    removeNodeVariant(gone);
-  for (const QString& gone :
-       variantsOfGone(materialVariants, kuVariants::findMaterialVariant, isMaterialStateGone))
-    removeMaterialVariant(gone);
-  for (const QString& gone : lightsGone(lightVariants))
-    removeLightVariant(gone);
-  for (const QString& gone : namesOfGone(geometries, kuSceneReferences::hasNode))
-    eraseFirst(geometries, gone);
+void kuVariantSet::optimize(kuSceneNames& scene) {
+  // The state of a light plays no part.
+  const auto isLightGone = [&](const kuLightVariant& variant, const QString&) {
+    return !scene.hasLight(variant.getNode());
+  };
+  const auto hasAnimation = [&](const QString& listed) { return scene.hasAnimation(listed); };
+
+  eraseFirstOf(nodeVariants,
+               variantsOfGone(nodeVariants, kuVariants::findNodeVariant, isNodeStateGone));
+  eraseFirstOf(materialVariants, variantsOfGone(materialVariants, kuVariants::findMaterialVariant,
+                                                isMaterialStateGone));
+  eraseFirstOf(lightVariants,
+               variantsOfGone(lightVariants, kuVariants::findLightVariant, isLightGone));
+  eraseFirstOf(geometries, namesOfGone(geometries, kuSceneReferences::hasNode));
   for (const QString& gone : namesOfGone(viewpoints, kuSceneReferences::hasViewpoint))
-    removeViewpoint(gone);
-  for (const QString& gone : animationsGone(animations))
-    eraseFirst(animations, gone);
-  for (const QString& gone :
-       variantsOfGone(overlayVariants, kuVariants::findOverlayVariant, isOverlayStateGone))
-    removeOverlayVariant(gone);
-  for (const QString& gone :
-       variantsOfGone(transformVariants, kuVariants::findTransformVariant, isTransformStateGone))
-    removeTransformVariant(gone);
+    removeViewpoint(gone);  // which looks after the default viewpoint as well
+  eraseFirstOf(animations, namesOfGone(animations, hasAnimation));
+  eraseFirstOf(overlayVariants,
+               variantsOfGone(overlayVariants, kuVariants::findOverlayVariant, isOverlayStateGone));
+  eraseFirstOf(
+      transformVariants,
+      variantsOfGone(transformVariants, kuVariants::findTransformVariant, isTransformStateGone));
+}
+
+void kuVariantSet::optimize() {
+  kuSceneNames scene;
+  optimize(scene);
 }
 
 void kuVariants::optimizeVariantSets() {
+  kuSceneNames scene;  // taken once for all sets: nothing changes it meanwhile
   for (kuVariantSet* set : getVariantSets())
-    set->optimize();
+    set->optimize(scene);
 }

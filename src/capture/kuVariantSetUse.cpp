@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "capture/kuSceneNames.h"
 #include "capture/kuSceneReferences.h"
 #include "host/utils/kuSceneplateUtils.h"
 #include "manager/kuVariants.h"
@@ -34,19 +35,15 @@ bool usesMaterial(const std::list<kuVariantState>& states) {
   });
 }
 
-bool usesLight(const std::list<kuVariantState>& states) {
-  if (states.empty()) return false;
-  const kuSceneReferences::Lights lights;
+bool usesLight(const std::list<kuVariantState>& states, kuSceneNames& scene) {
   return anyReaches(states, kuVariants::findLightVariant, [&](const kuLightVariant& variant) {
-    return lights.contains(variant.getNode());
+    return scene.hasLight(variant.getNode());
   });
 }
 
-bool usesAnimation(const std::vector<QString>& animations) {
-  if (animations.empty()) return false;
-  const kuSceneReferences::Animations present;
+bool usesAnimation(const std::vector<QString>& animations, kuSceneNames& scene) {
   return std::any_of(animations.begin(), animations.end(),
-                     [&](const QString& animation) { return present.contains(animation); });
+                     [&](const QString& animation) { return scene.hasAnimation(animation); });
 }
 
 bool usesOverlay(const std::list<kuVariantState>& states) {
@@ -67,8 +64,10 @@ bool kuVariantSet::isEmpty() const {
 // Transform states do not count, nor do script and clipping: a set of these alone is neither empty
 // nor used.
 bool kuVariantSet::isUsed() const {
-  return usesNode(nodeVariants) || usesMaterial(materialVariants) || usesLight(lightVariants) ||
+  kuSceneNames scene;
+  return usesNode(nodeVariants) || usesMaterial(materialVariants) ||
+         usesLight(lightVariants, scene) ||
          std::any_of(geometries.begin(), geometries.end(), kuSceneReferences::hasNode) ||
          std::any_of(viewpoints.begin(), viewpoints.end(), kuSceneReferences::hasViewpoint) ||
-         usesAnimation(animations) || usesOverlay(overlayVariants);
+         usesAnimation(animations, scene) || usesOverlay(overlayVariants);
 }

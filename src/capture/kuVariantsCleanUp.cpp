@@ -15,10 +15,16 @@ bool kuVariants::hasEmptyGroups() {
 }
 
 // Forwards and in place, each set by itself and not by its name. A receiver may change the list:
-// each turn looks at it anew.
+// each turn looks at it anew. What receivers add is cleared in one round more; a receiver that
+// answers every removal with another empty set would otherwise keep this going for ever.
 void kuVariants::clearEmptyVariantSets() {
   std::size_t index = 0;
-  while (index < getVariantSets().size()) {
+  for (int round = 0; round < 2; ++round)
+    index = clearEmptyVariantSets(index, kuVariantSet::_nextId);
+}
+
+std::size_t kuVariants::clearEmptyVariantSets(std::size_t index, std::uint32_t lastId) {
+  while (index < getVariantSets().size() && getVariantSets()[index]->id() <= lastId) {
     kuVariantSet* set = getVariantSets()[index];
     if (set->isEmpty()) {
       discard(set);
@@ -26,6 +32,7 @@ void kuVariants::clearEmptyVariantSets() {
       ++index;
     }
   }
+  return index;
 }
 
 // Backwards and by name, so of several groups of one name the first goes.

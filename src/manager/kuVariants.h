@@ -4,6 +4,8 @@
 #include <QByteArray>
 #include <QFlags>
 #include <QString>
+#include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "host/osg/Material.h"
@@ -193,6 +195,9 @@ class KUVARIANTS_EXPORT kuVariants {
 
   /** Takes a set of the list out, announces that, and deletes it. */
   static void discard(kuVariantSet* set);
+  /** From that index on, up to the last set whose id is not above @p lastId; answers the index
+   * where it ended. */
+  static std::size_t clearEmptyVariantSets(std::size_t index, std::uint32_t lastId);
 
   /** A PNG file of the middle of the frame on screen; empty without one. The set is not used. */
   static QByteArray getPreviewImageFromFrameBuffer(kuVariantSet* set);

@@ -19,6 +19,7 @@ class kuLightVariant;
 class kuMaterialVariant;
 class kuNodeVariant;
 class kuOverlayVariant;
+class kuSceneNames;
 class kuTransformVariant;
 class kuVariantGroup;
 
@@ -318,6 +319,7 @@ class KUVARIANTS_EXPORT kuVariantSet {
   };
 
   void updateShortcut();
+  void optimize(kuSceneNames& scene);
   void showTargetNodes();
   static void startAnimations(const Keeper& set, bool instantaneous);
   void pushEnable(osg::NodePtr node);

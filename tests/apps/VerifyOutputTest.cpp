@@ -144,8 +144,7 @@ TEST_F(VerifyOutputTest, FullStandardOutput) {
 TEST_F(VerifyOutputTest, ClosedStandardOutput) {
   const CliResult result = runInShell("", verify(), ">&-");
   EXPECT_EQ(result.code, 5);
-  EXPECT_EQ(result.err,
-            "kuvariants: cannot write: standard output: Bad file descriptor\n");
+  EXPECT_EQ(result.err, "kuvariants: cannot write: standard output: Bad file descriptor\n");
 }
 
 TEST_F(VerifyOutputTest, FullDeviceAsReportStaysADevice) {

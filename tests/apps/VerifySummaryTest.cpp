@@ -48,74 +48,89 @@ const ErrorKind errorKinds[] = {
      R"(<VariantSet name="S"><NodeVariantRef ref="Rof" state="Open"/></VariantSet>)",
      "Error,VariantSet,S,Rof,,node variant not found",
      "Sets name node variants that do not exist:\n"
-     "  S: Rof (did you mean Roof?)\n", fitVariants, "1 set, 1 node variant, 1 material variant"},
+     "  S: Rof (did you mean Roof?)\n",
+     fitVariants, "1 set, 1 node variant, 1 material variant"},
     {"NodeStateOfASet",
      R"(<VariantSet name="S"><NodeVariantRef ref="Roof" state="Opn"/></VariantSet>)",
      "Error,VariantSet,S,Roof,Opn,requested state not found in node variant",
      "Sets name states that their node variants do not have:\n"
-     "  S: Roof = Opn (did you mean Open?)\n", fitStates, "1 set, 1 node variant, 1 material variant"},
+     "  S: Roof = Opn (did you mean Open?)\n",
+     fitStates, "1 set, 1 node variant, 1 material variant"},
     {"MaterialVariantOfASet",
      R"(<VariantSet name="S"><MaterialVariantRef ref="Pant" state="Red"/></VariantSet>)",
      "Error,VariantSet,S,Pant,,material variant not found",
      "Sets name material variants that do not exist:\n"
-     "  S: Pant (did you mean Paint?)\n", fitVariants, "1 set, 1 node variant, 1 material variant"},
+     "  S: Pant (did you mean Paint?)\n",
+     fitVariants, "1 set, 1 node variant, 1 material variant"},
     {"MaterialStateOfASet",
      R"(<VariantSet name="S"><MaterialVariantRef ref="Paint" state="Rod"/></VariantSet>)",
      "Error,VariantSet,S,Paint,Rod,requested state not found in material variant",
      "Sets name states that their material variants do not have:\n"
-     "  S: Paint = Rod (did you mean Red?)\n", fitStates, "1 set, 1 node variant, 1 material variant"},
+     "  S: Paint = Rod (did you mean Red?)\n",
+     fitStates, "1 set, 1 node variant, 1 material variant"},
     {"NodeOfAVariant", R"(<NodeVariant name="V" base="Dors"><State name="a"/></NodeVariant>)",
      "Error,NodeVariant,V,Dors,,switch-node not found",
      "Node variants stand for nodes that the scene does not have:\n"
-     "  V, on Dors (did you mean Doors?)\n", fitBase, "0 sets, 2 node variants, 1 material variant"},
+     "  V, on Dors (did you mean Doors?)\n",
+     fitBase, "0 sets, 2 node variants, 1 material variant"},
     {"DefaultOfASwitchThatIsNotListed",
      R"(<NodeVariant name="V" base="Roof"><Default ref="Opn"/><State name="Open"/></NodeVariant>)",
      "Error,NodeVariant,V,Roof,Opn,default node state not found in node variant",
      "Node variants have a default that is none of their states:\n"
-     "  V, on Roof: Opn (did you mean Open?)\n", fitDefault, "0 sets, 2 node variants, 1 material variant"},
+     "  V, on Roof: Opn (did you mean Open?)\n",
+     fitDefault, "0 sets, 2 node variants, 1 material variant"},
     {"DefaultThatIsNoChild",
      R"(<NodeVariant name="V" base="Roof"><Default ref="Opn"/><State name="Opn"/></NodeVariant>)",
      "Error,NodeVariant,V,Roof,Opn,default node state not found in switch node",
      "Node variants have a default that their switch in the scene does not have:\n"
-     "  V, on Roof: Opn (did you mean Open?)\n", fitNames, "0 sets, 2 node variants, 1 material variant"},
+     "  V, on Roof: Opn (did you mean Open?)\n",
+     fitNames, "0 sets, 2 node variants, 1 material variant"},
     {"DefaultOfAnotherNode",
      R"(<NodeVariant name="V" base="Car"><Default ref="Enable"/><State name="!Enable"/></NodeVariant>)",
      "Error,NodeVariant,V,Car,,node is not a switch-node and has illegal default value",
      "Node variants have a default other than !Enable and !Disable, and their node is no switch:\n"
-     "  V, on Car: Enable (did you mean !Enable?)\n", fitKind, "0 sets, 2 node variants, 1 material variant"},
-    {"NodeStateWithoutAName",
-     R"(<NodeVariant name="V" base="Roof"><State name=""/></NodeVariant>)",
+     "  V, on Car: Enable (did you mean !Enable?)\n",
+     fitKind, "0 sets, 2 node variants, 1 material variant"},
+    {"NodeStateWithoutAName", R"(<NodeVariant name="V" base="Roof"><State name=""/></NodeVariant>)",
      "Error,NodeVariant,V,Roof,,empty state in node variant",
      "Node variants have a state without a name:\n"
-     "  V, on Roof\n", nameIt, "0 sets, 2 node variants, 1 material variant"},
+     "  V, on Roof\n",
+     nameIt, "0 sets, 2 node variants, 1 material variant"},
     {"NodeState", R"(<NodeVariant name="V" base="Roof"><State name="Opn"/></NodeVariant>)",
      "Error,NodeVariant,V,Roof,Opn,node state not found in switch node",
      "Node variants have states that their node in the scene does not have:\n"
-     "  V, on Roof: Opn (did you mean Open?)\n", fitNames, "0 sets, 2 node variants, 1 material variant"},
+     "  V, on Roof: Opn (did you mean Open?)\n",
+     fitNames, "0 sets, 2 node variants, 1 material variant"},
     {"MaterialWithoutStates",
      R"(<MaterialVariant name="V" base="Red"><State name="a"/></MaterialVariant>)",
      "Error,MaterialVariant,V,Red,,material is not a switch, substance or xrite-material",
      "Material variants stand for materials without states:\n"
-     "  V, on Red\n", fitMaterial, "0 sets, 1 node variant, 2 material variants"},
+     "  V, on Red\n",
+     fitMaterial, "0 sets, 1 node variant, 2 material variants"},
     {"DefaultOfAMaterialThatIsNotListed",
      R"(<MaterialVariant name="V" base="Paint"><Default ref="Rod"/><State name="Red"/></MaterialVariant>)",
      "Error,MaterialVariant,V,Paint,Rod,default material state not found in material variant",
      "Material variants have a default that is none of their states:\n"
-     "  V, on Paint: Rod (did you mean Red?)\n", fitDefault, "0 sets, 1 node variant, 2 material variants"},
+     "  V, on Paint: Rod (did you mean Red?)\n",
+     fitDefault, "0 sets, 1 node variant, 2 material variants"},
     {"DefaultThatIsNoMaterialState",
      R"(<MaterialVariant name="V" base="Paint"><Default ref="Rod"/><State name="Rod"/></MaterialVariant>)",
      "Error,MaterialVariant,V,Paint,Rod,default material state not found in switch material",
      "Material variants have a default that their material in the scene does not have:\n"
-     "  V, on Paint: Rod (did you mean Red?)\n", fitNames, "0 sets, 1 node variant, 2 material variants"},
+     "  V, on Paint: Rod (did you mean Red?)\n",
+     fitNames, "0 sets, 1 node variant, 2 material variants"},
     {"MaterialStateWithoutAName",
      R"(<MaterialVariant name="V" base="Paint"><State name=""/></MaterialVariant>)",
      "Error,MaterialVariant,V,Paint,,empty state in material variant",
      "Material variants have a state without a name:\n"
-     "  V, on Paint\n", nameIt, "0 sets, 1 node variant, 2 material variants"},
-    {"MaterialState", R"(<MaterialVariant name="V" base="Paint"><State name="Rod"/></MaterialVariant>)",
+     "  V, on Paint\n",
+     nameIt, "0 sets, 1 node variant, 2 material variants"},
+    {"MaterialState",
+     R"(<MaterialVariant name="V" base="Paint"><State name="Rod"/></MaterialVariant>)",
      "Error,MaterialVariant,V,Paint,Rod,material state not found in switch material",
      "Material variants have states that their material in the scene does not have:\n"
-     "  V, on Paint: Rod (did you mean Red?)\n", fitNames, "0 sets, 1 node variant, 2 material variants"},
+     "  V, on Paint: Rod (did you mean Red?)\n",
+     fitNames, "0 sets, 1 node variant, 2 material variants"},
 };
 
 class VerifySummaryTest : public CliTest {
@@ -199,12 +214,12 @@ TEST_F(VerifySummaryTest, NamesAllFiveOfFive) {
 TEST_F(VerifySummaryTest, StatesThatTheSceneObeysComeLastAndAskForNothing) {
   const CliResult result = verify(R"(
     <VariantSet name="Steps"><NodeVariantRef ref="Roof" state="!Next"/>
+      <NodeVariantRef ref="Doors" state="Transform 1"/>
       <MaterialVariantRef ref="Paint" state="!Next"/></VariantSet>
     <NodeVariant name="Roof" base="Roof"><State name="!Toggle"/></NodeVariant>
     <NodeVariant name="Doors" base="Doors"><Default ref="Transform 0"/>
       <State name="Transform 0"/></NodeVariant>
-    <NodeVariant name="Leaves" base="Doors"><State name="Transform 1"/>
-      <State name="Transform 2"/></NodeVariant>
+    <NodeVariant name="Leaves" base="Doors"><State name="Transform 2"/></NodeVariant>
     <MaterialVariant name="Paint" base="Paint"><State name="Red"/></MaterialVariant>)");
   EXPECT_EQ(result.code, 1);
   EXPECT_EQ(result.err, std::string(R"(
@@ -213,10 +228,10 @@ Node variants have states that their node in the scene does not have:
 )") + fitNames + R"(
 These states count as errors, but the scene obeys them:
   Steps: Roof = !Next
+  Steps: Doors = Transform 1
   Steps: Paint = !Next
   Roof: !Toggle
   Doors: Transform 0
-  Leaves, on Doors: Transform 1
   -> Nothing needs to be done.
 
 6 errors; checked: 1 set, 3 node variants, 1 material variant

@@ -1,5 +1,6 @@
 # Installs the build into a fresh folder, then configures, builds and runs the consumer there.
-# Takes BUILD_DIR, SOURCE_DIR, WORK_DIR, CXX, CXX_FLAGS, GENERATOR, BINDIR, DOCDIR.
+# Takes BUILD_DIR, SOURCE_DIR, WORK_DIR, CXX, CXX_FLAGS, GENERATOR, BINDIR, DOCDIR,
+# MANDIR.
 file(REMOVE_RECURSE ${WORK_DIR})
 file(MAKE_DIRECTORY ${WORK_DIR})
 
@@ -27,8 +28,9 @@ if(NOT step_output MATCHES "0[.]1[.]0")
   message(FATAL_ERROR "The installed command line printed something else:\n${step_output}")
 endif()
 
-foreach(page README.md document-format.md variants.xsd)
-  if(NOT EXISTS ${WORK_DIR}/prefix/${DOCDIR}/${page})
-    message(FATAL_ERROR "${DOCDIR}/${page} was not installed")
+foreach(page ${DOCDIR}/README.md ${DOCDIR}/document-format.md ${DOCDIR}/variants.xsd
+    ${MANDIR}/man1/kuvariants.1)
+  if(NOT EXISTS ${WORK_DIR}/prefix/${page})
+    message(FATAL_ERROR "${page} was not installed")
   endif()
 endforeach()

@@ -3,7 +3,6 @@
 #include <QByteArray>
 #include <QString>
 #include <array>
-#include <limits>
 #include <map>
 #include <string>
 #include <vector>

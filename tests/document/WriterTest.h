@@ -74,8 +74,8 @@ class WriterTest : public VariantsTest {
 
 /** What stands in a set when nothing was set, between its tags. @p indent of the lines. */
 inline std::string bareSetContent(const std::string& indent) {
-  return indent + "<Hotkey/>\n" + indent +
-         "<SequentialAnimation>false</SequentialAnimation>\n" + indent + "<Script/>\n" + indent +
+  return indent + "<Hotkey/>\n" + indent + "<SequentialAnimation>false</SequentialAnimation>\n" +
+         indent + "<Script/>\n" + indent +
          "<InclInfo inclNodes=\"0\" inclMats=\"0\" inclLights=\"0\" inclEnv=\"0\" inclView=\"0\" "
          "inclSceneplates=\"0\"/>\n" +
          indent +

@@ -73,28 +73,35 @@ struct SetRow {
 void PrintTo(const SetRow& row, std::ostream* out) { *out << row.name; }
 
 const SetRow setRows[] = {
-    {"Comment", [](kuVariantSet& set) { set.setComment("c"); },
+    {"Comment",
+     [](kuVariantSet& set) { set.setComment("c"); },
      {bareTag,
       "+  <VariantSet name=\"S\" comment=\"c\" showinvrmenu=\"true\" synccollaboration=\"true\" "
       "default-viewpoint=\"\">"}},
-    {"NotShownInVRMenu", [](kuVariantSet& set) { set.setShowInVRMenu(false); },
+    {"NotShownInVRMenu",
+     [](kuVariantSet& set) { set.setShowInVRMenu(false); },
      {bareTag,
       "+  <VariantSet name=\"S\" comment=\"\" showinvrmenu=\"false\" synccollaboration=\"true\" "
       "default-viewpoint=\"\">"}},
-    {"NotSyncedInCollaboration", [](kuVariantSet& set) { set.setSyncInCollaboration(false); },
+    {"NotSyncedInCollaboration",
+     [](kuVariantSet& set) { set.setSyncInCollaboration(false); },
      {bareTag,
       "+  <VariantSet name=\"S\" comment=\"\" showinvrmenu=\"true\" synccollaboration=\"false\" "
       "default-viewpoint=\"\">"}},
-    {"DefaultViewpointNeedNotBeInTheList", [](kuVariantSet& set) { set.setDefaultViewpoint("v"); },
+    {"DefaultViewpointNeedNotBeInTheList",
+     [](kuVariantSet& set) { set.setDefaultViewpoint("v"); },
      {bareTag,
       "+  <VariantSet name=\"S\" comment=\"\" showinvrmenu=\"true\" synccollaboration=\"true\" "
       "default-viewpoint=\"v\">"}},
-    {"HotkeyAsItIsHeld", [](kuVariantSet& set) { set.setHotkey(" Shift-Ctrl K "); },
+    {"HotkeyAsItIsHeld",
+     [](kuVariantSet& set) { set.setHotkey(" Shift-Ctrl K "); },
      {"-    <Hotkey/>", "+    <Hotkey> Shift-Ctrl K </Hotkey>"}},
-    {"SequentialAnimation", [](kuVariantSet& set) { set.setSequentialAnimation(true); },
+    {"SequentialAnimation",
+     [](kuVariantSet& set) { set.setSequentialAnimation(true); },
      {"-    <SequentialAnimation>false</SequentialAnimation>",
       "+    <SequentialAnimation>true</SequentialAnimation>"}},
-    {"ScriptAsAnElement", [](kuVariantSet& set) { set.setScript("if a < b:\n  c()"); },
+    {"ScriptAsAnElement",
+     [](kuVariantSet& set) { set.setScript("if a < b:\n  c()"); },
      {"-    <Script/>", "+    <Script>if a &lt; b:", "+  c()</Script>"}},
     {"PreviewInBase64",
      [](kuVariantSet& set) { set.setPreview(QByteArray("\0\xFF\x01\x80\n", 5)); },
@@ -104,7 +111,8 @@ const SetRow setRows[] = {
        set.addNodeVariant("b", "1");
        set.addNodeVariant("a", "");
      },
-     {"+    <NodeVariantRef ref=\"b\" state=\"1\"/>", "+    <NodeVariantRef ref=\"a\" state=\"\"/>"}},
+     {"+    <NodeVariantRef ref=\"b\" state=\"1\"/>",
+      "+    <NodeVariantRef ref=\"a\" state=\"\"/>"}},
     {"TransformsInTheOrderOfTheList",
      [](kuVariantSet& set) {
        set.addTransformVariant("b", "1");

@@ -55,8 +55,8 @@ class WriterGroups : public WriterTest, public ::testing::WithParamInterface<Gro
 
 TEST_P(WriterGroups, AreAnElementWithoutChildrenWhereTheyHaveNoSets) {
   GetParam().change(addGroup("G"));
-  EXPECT_EQ(written(),
-            documentOf(std::string("  <VariantGroup name=\"G\" ") + GetParam().attributes + "/>\n"));
+  EXPECT_EQ(written(), documentOf(std::string("  <VariantGroup name=\"G\" ") +
+                                  GetParam().attributes + "/>\n"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, WriterGroups, ::testing::ValuesIn(groupRows),
@@ -102,11 +102,10 @@ TEST_F(WriterTest, KindsStandInTheOrderNodeMaterialLightOverlayTransformBehindTh
     return "  <" + tag + " name=\"" + name + "\" base=\"\">\n    <Default ref=\"\"/>\n  </" + tag +
            ">\n";
   };
-  EXPECT_EQ(
-      written(),
-      documentOf(groupTag("G") + "/>\n" + bareSet("S") + variant("NodeVariant", "N") +
-                 variant("MaterialVariant", "M") + variant("LightVariant", "L") +
-                 variant("SceneplateVariant", "O") + variant("TransformVariant", "T")));
+  EXPECT_EQ(written(),
+            documentOf(groupTag("G") + "/>\n" + bareSet("S") + variant("NodeVariant", "N") +
+                       variant("MaterialVariant", "M") + variant("LightVariant", "L") +
+                       variant("SceneplateVariant", "O") + variant("TransformVariant", "T")));
 }
 
 TEST_F(WriterTest, VariantsOfAKindStandInTheOrderOfTheList) {

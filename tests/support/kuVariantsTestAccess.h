@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QString>
+#include <list>
 #include <string>
+#include <vector>
 
 #include "document/kuVariantReader.h"
 #include "manager/kuVariants.h"
@@ -19,6 +21,14 @@
  */
 struct kuVariantsTestAccess {
   static int& animationCursor(kuVariantSet& set) { return set.animationCursor; }
+  // The lists of a set, into which the public operations enter a name only once.
+  static std::list<kuVariantState>& nodeVariants(kuVariantSet& set) { return set.nodeVariants; }
+  static std::list<kuVariantState>& transformVariants(kuVariantSet& set) {
+    return set.transformVariants;
+  }
+  static std::list<QString>& geometries(kuVariantSet& set) { return set.geometries; }
+  static std::list<QString>& viewpoints(kuVariantSet& set) { return set.viewpoints; }
+  static std::vector<QString>& animations(kuVariantSet& set) { return set.animations; }
   static kuAnalyzerVariant clipping(int clipState) {
     kuAnalyzerVariant settings;
     settings.clipState = clipState;

@@ -56,9 +56,11 @@ void SceneNode::setName(std::string name) {
 }
 
 void SceneNode::setCore(osg::NodeCorePtr core) {
+  if (_tree) _tree->lights.note(_core);
   if (_core) forget(_core->hostFields().parents, this);
   _core = std::move(core);
   if (_core) _core->hostFields().parents.push_back(this);
+  if (_tree) _tree->lights.note(_core);
 }
 
 void SceneNode::addChild(const osg::NodePtr& child) {
@@ -97,9 +99,9 @@ void SceneNode::moveTo(const Transform& transform) {
 
 void SceneNode::setTree(SceneTree* tree) {
   if (tree == _tree) return;
-  if (_tree) _tree->names.remove(*this);
+  if (_tree) _tree->leave(*this);
   _tree = tree;
-  if (_tree) _tree->names.add(*this);
+  if (_tree) _tree->enter(*this);
   for (const osg::NodePtr& child : _children)
     of(child).setTree(tree);
 }

@@ -1,13 +1,15 @@
 #pragma once
 
 #include "host/osg/Node.h"
+#include "standalone/scene/LightIndex.h"
 #include "standalone/scene/NameIndex.h"
 
 namespace kuStandalone {
 
-/** A root and the index of the names below it. */
+/** A root and the indices of what stands below it. */
 struct SceneTree {
   NameIndex names;
+  LightIndex lights;
   osg::NodePtr root;
 
   SceneTree() = default;
@@ -17,6 +19,10 @@ struct SceneTree {
 
   /** Takes a tree of nodes over, in the place of the former one. */
   KUHOST_EXPORT void setRoot(osg::NodePtr node);
+
+  // A node comes into the tree or leaves it; only the node itself calls these.
+  void enter(SceneNode& node);
+  void leave(SceneNode& node);
 };
 
 }  // namespace kuStandalone

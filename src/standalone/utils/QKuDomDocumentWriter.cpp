@@ -73,18 +73,30 @@ bool holdsText(const QDomElement& element) {
   return false;
 }
 
+/** The element by its tag and its name, if it has one. */
+QString labelOf(const QDomElement& element) {
+  for (const QString& key : {QStringLiteral("name"), QStringLiteral("ref")}) {
+    if (!element.hasAttribute(key)) continue;
+    QString name;
+    XmlEscape().attribute(element.attribute(key), name);
+    return element.tagName() + " \"" + name + '"';
+  }
+  return element.tagName();
+}
+
 /** The element with those around it, for people: VariantSet "Summer" / NodeVariantRef "Roof". */
 QString placeOf(const QDomElement& element) {
-  QStringList places;
-  for (QDomElement at = element; !at.isNull(); at = at.parentNode().toElement()) {
-    QString name = at.attribute(QStringLiteral("name"), at.attribute(QStringLiteral("ref")));
-    if (name.isEmpty() && !places.isEmpty()) continue;  // the root says nothing
-    XmlEscape escape;
-    QString safe;
-    escape.attribute(name, safe);
-    places.prepend(name.isEmpty() ? at.tagName() : at.tagName() + " \"" + safe + '"');
-  }
+  QStringList places{labelOf(element)};
+  QDomElement at = element.parentNode().toElement();
+  for (; at.parentNode().isElement(); at = at.parentNode().toElement())
+    places.prepend(labelOf(at));  // the root says nothing
   return places.join(QStringLiteral(" / "));
+}
+
+void warnOfReplacement(const QDomElement& element, const QString& field) {
+  const QString line = "Variants document: " + placeOf(element) + ", " + field +
+                       ": a character that XML cannot hold was replaced";
+  kuLog::warning("%s\n", line.toUtf8().constData());
 }
 
 /** Writes a tree of XML, one element per line, with what is inside an element indented. */
@@ -105,8 +117,9 @@ class TreeText {
   void writeElement(const QDomElement& element, int depth);
   void writeAttributes(const QDomElement& element);
   void writeMixed(const QDomElement& element);
+  bool writeText(const QDomNode& text);
   void writeChildren(const QDomElement& element, int depth);
-  void warnIfReplaced(const QDomElement& element, const QString& field);
+  void startLine(int depth);
 
   QString _text;
   XmlEscape _escape;
@@ -133,17 +146,21 @@ void TreeText::writeDocumentType(const QDomDocument& document) {
 }
 
 void TreeText::writeElement(const QDomElement& element, int depth) {
-  _text += QString(2 * depth, ' ') + '<' + element.tagName();
+  const QString tag = element.tagName();
+  _text += QLatin1Char('<');
+  _text += tag;
   writeAttributes(element);
   const int beforeContent = _text.size();
-  _text += '>';
+  _text += QLatin1Char('>');
   const int content = _text.size();
   holdsText(element) ? writeMixed(element) : writeChildren(element, depth);
   if (_text.size() == content) {
     _text.truncate(beforeContent);
     _text += QLatin1String("/>");
   } else {
-    _text += "</" + element.tagName() + '>';
+    _text += QLatin1String("</");
+    _text += tag;
+    _text += QLatin1Char('>');
   }
 }
 
@@ -152,45 +169,56 @@ void TreeText::writeAttributes(const QDomElement& element) {
   _attributes.clear();
   for (int i = 0; i < held.count(); ++i) {
     const QDomAttr attribute = held.item(i).toAttr();
-    _attributes.push_back({rankOf(attribute.name()), attribute.name(), attribute.value()});
+    const QString name = attribute.name();
+    _attributes.push_back({rankOf(name), name, attribute.value()});
   }
   std::sort(_attributes.begin(), _attributes.end());
   for (const Attribute& attribute : _attributes) {
-    _text += ' ' + attribute.name + "=\"";
+    _text += QLatin1Char(' ');
+    _text += attribute.name;
+    _text += QLatin1String("=\"");
     _escape.attribute(attribute.value, _text);
-    _text += '"';
-    warnIfReplaced(element, "attribute \"" + attribute.name + '"');
+    _text += QLatin1Char('"');
+    if (_escape.replaced()) warnOfReplacement(element, "attribute \"" + attribute.name + '"');
   }
 }
 
 void TreeText::writeMixed(const QDomElement& element) {
+  bool replaced = false;
   for (QDomNode child = element.firstChild(); !child.isNull(); child = child.nextSibling()) {
     if (child.isElement()) {
       writeElement(child.toElement(), 0);
-    } else if (child.isCDATASection()) {
-      _escape.cdata(child.nodeValue(), _text);
     } else if (child.isText()) {
-      _escape.content(child.nodeValue(), _text);
+      replaced |= writeText(child);
     }
   }
-  warnIfReplaced(element, QStringLiteral("text"));
+  if (replaced) warnOfReplacement(element, QStringLiteral("text"));
+}
+
+/** Whether a character had to be replaced. */
+bool TreeText::writeText(const QDomNode& text) {
+  if (text.isCDATASection()) {
+    _escape.cdata(text.nodeValue(), _text);
+  } else {
+    _escape.content(text.nodeValue(), _text);
+  }
+  return _escape.replaced();
 }
 
 void TreeText::writeChildren(const QDomElement& element, int depth) {
   QDomElement child = element.firstChildElement();
   if (child.isNull()) return;
   for (; !child.isNull(); child = child.nextSiblingElement()) {
-    _text += '\n';
+    startLine(depth + 1);
     writeElement(child, depth + 1);
   }
-  _text += '\n' + QString(2 * depth, ' ');
+  startLine(depth);
 }
 
-void TreeText::warnIfReplaced(const QDomElement& element, const QString& field) {
-  if (!_escape.replaced()) return;
-  const QString line = "Variants document: " + placeOf(element) + ", " + field +
-                       ": a character that XML cannot hold was replaced";
-  kuLog::warning("%s\n", line.toUtf8().constData());
+void TreeText::startLine(int depth) {
+  _text += QLatin1Char('\n');
+  for (int i = 0; i < depth; ++i)
+    _text += QLatin1String("  ");
 }
 
 }  // namespace

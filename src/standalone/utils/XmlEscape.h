@@ -4,7 +4,14 @@
 
 namespace kuStandalone {
 
-/** Text made safe for one place of an XML document. What XML cannot hold becomes U+FFFD. */
+/**
+ * Text made safe for one place of an XML document. What XML cannot hold becomes U+FFFD; all else
+ * reads back the same.
+ *
+ * With one exception that only Qt's DOM parser spares: in a CDATA section, so also in a text of
+ * white space alone, every other parser takes a carriage return for a line feed. Nothing can be
+ * written by number there, and outside of a section Qt's parser would drop the text.
+ */
 class XmlEscape {
  public:
   // Each appends a text in the form of its place.

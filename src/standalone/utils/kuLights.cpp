@@ -9,17 +9,12 @@
 using kuStandalone::LightCore;
 using kuStandalone::Scene;
 using kuStandalone::SceneNode;
+using kuStandalone::SceneTree;
 
 namespace {
 
 osg::UberLightPtr lightOf(const osg::NodePtr& node) {
   return node ? osg::UberLightPtr::dcast(node->getCore()) : osg::UberLightPtr();
-}
-
-void appendLights(const osg::NodePtr& node, std::vector<osg::NodePtr>& lights) {
-  if (kuLights::isLight(node)) lights.push_back(node);
-  for (const osg::NodePtr& child : SceneNode::of(node).children())
-    appendLights(child, lights);
 }
 
 }  // namespace
@@ -41,5 +36,7 @@ void kuLights::setOn(const osg::NodePtr& node, bool on) {
 void kuLights::toggle(const osg::NodePtr& node) { setOn(node, !getOn(node)); }
 
 void kuLights::getLights(std::vector<osg::NodePtr>& lights) {
-  appendLights(Scene::the().nodes.root, lights);
+  SceneTree& scene = Scene::the().nodes;
+  for (SceneNode* light : scene.lights.find(scene.root))
+    lights.emplace_back(light);
 }
