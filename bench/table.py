@@ -1,6 +1,7 @@
 """Prints the ratios of a run of the benchmarks.
 
-Usage: table.py SELECTION.json READING.json WRITING.json UPKEEP.json, all written with
+Usage: table.py SELECTION.json READING.json WRITING.json UPKEEP.json PICTURES.json, all written
+with
 --benchmark_format=json.
 """
 
@@ -71,8 +72,22 @@ def print_upkeep(runs):
         print(f"{name:16}{values}{row[sizes[-1]] / row[sizes[0]]:8.2f}")
 
 
+def print_pictures(runs):
+    figures = {run["name"].split("/")[0]: run for run in runs}
+    bare = figures["bareRays"]["rays_per_second"] / 1e6
+    ours = figures["primaryVisibility"]["rays_per_second"] / 1e6
+    first, second = (figures[name]["real_time"] for name in ("firstPicture", "pictureAfterChange"))
+    print("\nPictures of the sample")
+    print(f"first visible thing, one thread   {ours:6.2f} million rays/s, "
+          f"bare tracer {bare:.2f}, ratio {ours / bare:.2f}")
+    print(f"preview, 264 x 256                {figures['preview']['real_time']:6.0f} ms")
+    print(f"what comes before the rays        {first:6.0f} us for the first picture, "
+          f"{second:.0f} after a change, ratio {second / first:.2f}")
+
+
 if __name__ == "__main__":
     print_selection(load(sys.argv[1]))
     print_reading(load(sys.argv[2]))
     print_writing(load(sys.argv[3]))
     print_upkeep(load(sys.argv[4]))
+    print_pictures(load(sys.argv[5]))
