@@ -70,6 +70,7 @@ void describe(CLI::App& app, Invocation& invocation) {
   addSceneCommand(app, invocation);
   addListCommand(app, invocation);
   addSelectCommand(app, invocation);
+  addRenderCommand(app, invocation);
   addVerifyCommand(app, invocation);
   for (CLI::App* command : app.get_subcommands({}))
     command->fallthrough();

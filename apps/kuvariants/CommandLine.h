@@ -5,6 +5,7 @@
 #include <string>
 
 #include "Outcome.h"
+#include "PictureOptions.h"
 
 class Output;
 class Workspace;
@@ -27,6 +28,14 @@ struct Invocation {
   std::optional<std::string> saveScene;
   /** File for the variants document as it is at the end. */
   std::optional<std::string> saveDocument;
+  /** The option that names it. */
+  const char* documentOption = "-o";
+  /** File for a picture of the scene as it is at the end. */
+  std::optional<std::string> savePicture;
+  /** File for the sheet of all pictures. */
+  std::optional<std::string> saveSheet;
+  /** How pictures are to be. */
+  kuStandalone::PictureSettings picture = usualPicture;
   /** File for the report of the command. */
   std::optional<std::string> saveReport;
   /** What the command does once the inputs are loaded. */

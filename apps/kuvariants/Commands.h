@@ -14,6 +14,7 @@ class Option;
 void addSceneCommand(CLI::App& app, Invocation& invocation);
 void addListCommand(CLI::App& app, Invocation& invocation);
 void addSelectCommand(CLI::App& app, Invocation& invocation);
+void addRenderCommand(CLI::App& app, Invocation& invocation);
 void addVerifyCommand(CLI::App& app, Invocation& invocation);
 
 /** The arguments SCENE and DOCUMENT. */

@@ -17,7 +17,7 @@ struct NamedFile {
   std::string path;
   bool written;
   /** What may stand in the place of what. */
-  enum class Content { Scene, Document, Report, Trace } content;
+  enum class Content { Scene, Document, Report, Trace, Picture, Sheet } content;
 };
 
 using Content = NamedFile::Content;
@@ -30,8 +30,10 @@ std::vector<NamedFile> filesOf(const Invocation& invocation) {
   };
   add("DOCUMENT", invocation.document, false, Content::Document);
   add("--save-scene", invocation.saveScene, true, Content::Scene);
-  add("-o", invocation.saveDocument, true, Content::Document);
+  add(invocation.documentOption, invocation.saveDocument, true, Content::Document);
   add("-o", invocation.saveReport, true, Content::Report);
+  add("--picture", invocation.savePicture, true, Content::Picture);
+  add("--sheet", invocation.saveSheet, true, Content::Sheet);
   add("--trace", invocation.common.trace, true, Content::Trace);
   return files;
 }

@@ -34,6 +34,10 @@ bool OutputFile::isSpecial(const std::string& path) {
   return stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
 }
 
+void OutputFile::check(const std::string& path) {
+  if (!isSpecial(path)) OutputFile(path).prepare({});
+}
+
 void OutputFile::prepare(const std::string& content) {
   if (isSpecial(_path)) {
     if (const int error = writeDirectly(_path, content)) fail(std::strerror(error));

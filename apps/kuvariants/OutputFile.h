@@ -19,6 +19,9 @@ class OutputFile {
   void prepare(const std::string& content);
   void put();
 
+  /** Throws a Failure where it is plain before the work that nothing can be written there. */
+  static void check(const std::string& path);
+
   /** Whether something stands there that is neither a file nor a directory. */
   static bool isSpecial(const std::string& path);
 

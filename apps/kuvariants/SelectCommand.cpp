@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 
 #include "Commands.h"
+#include "PictureOptions.h"
 #include "Selection.h"
 #include "Text.h"
 
@@ -68,6 +69,16 @@ void addArguments(CLI::App& command, Invocation& invocation,
           [&invocation](const std::string& file) { invocation.saveScene = fileName(file); },
           "Write the scene as it is at the end")
       ->type_name("FILE");
+  CLI::Option* picture =
+      command
+          .add_option_function<std::string>(
+              "--picture",
+              [&invocation](const std::string& file) { invocation.savePicture = fileName(file); },
+              "Write a picture of the scene as it is at the\nend, JPEG if FILE ends so, otherwise "
+              "PNG")
+          ->type_name("FILE");
+  addSizeOption(command, invocation.picture).needs(picture);
+  addSamplesOption(command, invocation.picture).needs(picture);
 }
 
 }  // namespace
@@ -80,6 +91,7 @@ void addSelectCommand(CLI::App& app, Invocation& invocation) {
   command->footer(
       "Examples:\n"
       "  kuvariants select car.gltf car.xml Summer \"Roof open\" --save-scene open.glb\n"
+      "  kuvariants select car.gltf car.xml Summer --picture summer.png --size 1920x1080\n"
       "  kuvariants select car.gltf car.xml --variant material:Paint=Red");
   command->callback([&invocation, options] {
     checkTogether(*options);

@@ -36,11 +36,6 @@ QStringList optionsOf(const kuVariant& variant) {
   throw Failure{ExitCode::NameUnknown, what, where, reason};
 }
 
-kuVariantSet& existingSet(const QString& name) {
-  if (kuVariantSet* set = kuVariants::findVariantSet(name)) return *set;
-  failUnknown("unknown set", name.toStdString(), name, namesOf(kuVariants::getVariantSets()));
-}
-
 kuVariant& existingVariant(const StateRequest& request) {
   if (kuVariant* variant = request.kind->find(request.variant)) return *variant;
   failUnknown("unknown variant",
@@ -103,6 +98,11 @@ std::vector<VariantChange> compare(const std::vector<VariantChange>& before) {
 QString presentViewpoint() { return QString::fromStdString(Scene::the().activeViewpoint); }
 
 }  // namespace
+
+kuVariantSet& existingSet(const QString& name) {
+  if (kuVariantSet* set = kuVariants::findVariantSet(name)) return *set;
+  failUnknown("unknown set", name.toStdString(), name, namesOf(kuVariants::getVariantSets()));
+}
 
 SelectionReport selectAll(const SelectOptions& options) {
   checkNames(options);

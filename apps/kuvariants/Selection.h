@@ -45,8 +45,14 @@ struct SelectionReport {
   std::uint64_t scriptsHeldBack = 0;
 };
 
+/** The set of that name, or throws a Failure with the nearest names. */
+kuVariantSet& existingSet(const QString& name);
+
 /** Checks every name, then selects. Throws a Failure for a name that does not exist. */
 SelectionReport selectAll(const SelectOptions& options);
 
 std::string selectionJson(const SelectionReport& report);
 std::string selectionText(const SelectionReport& report);
+
+/** That scripts were held back; empty where none was. */
+std::string heldBackText(std::uint64_t scripts);

@@ -69,18 +69,17 @@ std::string selected(const SelectionReport& report) {
   return "Selected: " + text + '\n';
 }
 
-std::string heldBack(const SelectionReport& report) {
-  if (report.scriptsHeldBack == 0) return {};
-  const std::string count = std::to_string(report.scriptsHeldBack);
-  return count + (report.scriptsHeldBack == 1 ? " script was" : " scripts were") +
+}  // namespace
+
+std::string heldBackText(std::uint64_t scripts) {
+  if (scripts == 0) return {};
+  return std::to_string(scripts) + (scripts == 1 ? " script was" : " scripts were") +
          " held back; --allow-scripts lets scripts run";
 }
 
-}  // namespace
-
 std::string selectionJson(const SelectionReport& report) {
   // The form has no place for it, and it must not go unsaid.
-  if (report.scriptsHeldBack) printDiagnostic(heldBack(report));
+  if (report.scriptsHeldBack) printDiagnostic(heldBackText(report.scriptsHeldBack));
   JsonWriter json;
   json.object([&] {
     json.key("selected");
@@ -100,6 +99,6 @@ std::string selectionText(const SelectionReport& report) {
   const std::string changed = lines(report, true) + animationLines(report);
   text += section("Changed", changed.empty() ? "  nothing\n" : changed);
   text += section("Unchanged", lines(report, false));
-  const std::string held = heldBack(report);
+  const std::string held = heldBackText(report.scriptsHeldBack);
   return held.empty() ? text : text + '\n' + held + '\n';
 }

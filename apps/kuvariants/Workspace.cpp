@@ -9,6 +9,7 @@
 #include "Interrupt.h"
 #include "MessageTrace.h"
 #include "OutputFile.h"
+#include "Rendering.h"
 #include "document/kuVariantReader.h"
 #include "document/kuVariantWriter.h"
 #include "host/kernel/kuController.h"
@@ -74,6 +75,14 @@ void savePresentScene(const std::string& path) {
   throw Failure{ExitCode::OutputNotWritten, "cannot write", result.error, ""};
 }
 
+/** The picture of the present scene; made before signals are held back, since it takes a while. */
+std::string presentPicture(const Invocation& invocation) {
+  if (!invocation.savePicture) return {};
+  OutputFile::check(*invocation.savePicture);
+  const QImage picture = takePicture(invocation.picture);
+  return pictureFile(picture, *invocation.savePicture).toStdString();
+}
+
 std::string presentDocument() { return kuVariantWriter().write().toStdString(); }
 
 }  // namespace
@@ -119,14 +128,17 @@ void Workspace::loadDocument(const std::string& path) {
 }
 
 void Workspace::save(const Invocation& invocation, const Outcome& outcome) {
+  const std::string pictureContent = presentPicture(invocation);
   const Interrupt::Deferred untilInPlace;
-  std::optional<OutputFile> trace, document, report;
+  std::optional<OutputFile> trace, document, report, picture;
   if (_trace) trace.emplace(*_tracePath).prepare(_trace->lines());
   if (invocation.saveDocument)
     document.emplace(*invocation.saveDocument).prepare(presentDocument());
   if (invocation.saveReport) report.emplace(*invocation.saveReport).prepare(outcome.report);
+  if (invocation.savePicture) picture.emplace(*invocation.savePicture).prepare(pictureContent);
   if (invocation.saveScene) savePresentScene(*invocation.saveScene);
   if (document) document->put();
   if (report) report->put();
+  if (picture) picture->put();
   if (trace) trace->put();
 }

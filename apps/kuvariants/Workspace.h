@@ -30,9 +30,9 @@ class Workspace {
   void loadDocument(const std::string& path);
 
   /**
-   * Writes the trace, and the present scene, the variants document and the report of the outcome
-   * where files for them are named, or throws a Failure; a file that could not be written is as it
-   * was.
+   * Writes the trace, and the present scene, a picture of it, the variants document and the report
+   * of the outcome where files for them are named, or throws a Failure; a file that could not be
+   * written is as it was.
    */
   void save(const Invocation& invocation, const Outcome& outcome);
 

@@ -1,5 +1,4 @@
 #include <QBuffer>
-#include <QGuiApplication>
 #include <QImage>
 #include <QPixmap>
 #include <memory>
@@ -54,10 +53,9 @@ QRect centredSquare(int w, int h) {
   return QRect(QPoint(offset, 0), QPoint(h + offset - 1, h - 1));
 }
 
-/** What the widget shows; null where there is no frame, and where pixmaps cannot be made. */
+/** The middle of what the widget shows; null where there is no frame, and where the program has no
+ * windows: Qt makes no pixmaps there. */
 QPixmap centreOfFrame(kuOSGWidget& widget) {
-  // Qt ends a process that makes a pixmap without the application of a window system.
-  if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) return QPixmap();
   const osg::ImagePtr image = osg::ImageBase::create();
   int w = 0;
   int h = 0;

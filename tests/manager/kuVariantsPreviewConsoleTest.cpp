@@ -1,5 +1,5 @@
-// Previews in a program that has no windows: its application object is the plain one, and Qt ends a
-// process that makes a pixmap there.
+// Previews in a program that has no windows: its application object is the plain one, and Qt makes
+// no pixmaps there.
 
 #include <gtest/gtest.h>
 

@@ -27,8 +27,8 @@ void cutTriangle(const QVector3D (&corners)[3], const HalfSpace& half, std::vect
 bool crosses(const Bounds& bounds, const HalfSpace& half) {
   const QVector3D extent = bounds.size() / 2;
   const QVector3D& n = half.normal;
-  const float reach = std::fabs(n.x()) * extent.x() + std::fabs(n.y()) * extent.y() +
-                      std::fabs(n.z()) * extent.z();
+  const float reach =
+      std::fabs(n.x()) * extent.x() + std::fabs(n.y()) * extent.y() + std::fabs(n.z()) * extent.z();
   return std::fabs(half.side(bounds.center())) <= reach;
 }
 

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "standalone/rendering/Vectors.h"
+
 namespace kuStandalone {
 
 namespace {
@@ -9,8 +11,6 @@ namespace {
 constexpr float paneOpacity = 0.22f, lineOpacity = 0.85f;
 
 QVector3D vectorOf(const osg::Vector<float, 3>& v) { return {v[0], v[1], v[2]}; }
-
-bool isFinite(const QVector3D& v) { return std::isfinite(v.lengthSquared()); }
 
 /** About a twelfth of an extent: 1, 2 or 5 times a power of ten. */
 float roundSpacing(float extent) {
@@ -24,9 +24,8 @@ float roundSpacing(float extent) {
 
 std::optional<HalfSpace> cutAway(const ClippingSettings& settings) {
   if (!settings.enabled) return std::nullopt;
-  HalfSpace half{vectorOf(settings.position), vectorOf(settings.normal)};
-  if (!isFinite(half.point) || !isFinite(half.normal) || half.normal.isNull()) return std::nullopt;
-  half.normal.normalize();
+  HalfSpace half{vectorOf(settings.position), unit(vectorOf(settings.normal))};
+  if (!isFinite(half.point) || half.normal.isNull()) return std::nullopt;
   if (settings.invert) half.normal = -half.normal;
   return half;
 }
@@ -44,10 +43,7 @@ CutPlane::CutPlane(const ClippingSettings& settings, const HalfSpace& half, cons
   _leastU = _leastV = std::numeric_limits<float>::max();
   _mostU = _mostV = -_leastU;
   for (int corner = 0; corner < 8 && !bounds.isEmpty(); ++corner) {
-    const QVector3D to = QVector3D(corner & 1 ? bounds.most.x() : bounds.least.x(),
-                                   corner & 2 ? bounds.most.y() : bounds.least.y(),
-                                   corner & 4 ? bounds.most.z() : bounds.least.z()) -
-                         half.point;
+    const QVector3D to = bounds.corner(corner) - half.point;
     const float u = QVector3D::dotProduct(to, _axisU), v = QVector3D::dotProduct(to, _axisV);
     _leastU = std::min(_leastU, u), _mostU = std::max(_mostU, u);
     _leastV = std::min(_leastV, v), _mostV = std::max(_mostV, v);

@@ -1,6 +1,7 @@
 #include "standalone/rendering/Environment.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace kuStandalone {
@@ -19,27 +20,66 @@ const QVector3D& mainDirection() {
   return direction;
 }
 
-float level(const QVector3D& direction) {
-  const float height = direction.y();
-  const float around = height < 0 ? horizonLevel + (floorLevel - horizonLevel) * smooth(0, 0.35f, -height)
-                                  : horizonLevel + (skyLevel - horizonLevel) * smooth(0, 0.8f, height);
-  return around + mainLevel * smooth(0.82f, 0.97f, QVector3D::dotProduct(direction, mainDirection()));
+/** Sky and floor, by the cosine to the way up. */
+float around(float height) {
+  return height < 0 ? horizonLevel + (floorLevel - horizonLevel) * smooth(0, 0.35f, -height)
+                    : horizonLevel + (skyLevel - horizonLevel) * smooth(0, 0.8f, height);
 }
+
+/** The main light, by the cosine to its direction. */
+float mainLight(float cosine) { return mainLevel * smooth(0.82f, 0.97f, cosine); }
+
+/** How much of a ring of directions about an axis a surface receives: the mean of the cosine to its
+ * normal where that is above 0. Both angles are told by their cosines to the axis. */
+double received(double normal, double ring) {
+  const double along = normal * ring;
+  const double aside = std::sqrt((1 - normal * normal) * (1 - ring * ring));
+  if (along >= aside) return along;
+  if (along <= -aside) return 0;
+  const double rise = std::acos(-along / aside);
+  return (along * rise + aside * std::sin(rise)) / 3.14159265358979;
+}
+
+/** What surfaces receive of a light that is the same all around an axis; summed up once. */
+class Received {
+ public:
+  explicit Received(float (*light)(float)) {
+    constexpr int rings = 500;
+    for (std::size_t at = 0; at < _values.size(); ++at) {
+      const double normal = 2 * double(at) / double(_values.size() - 1) - 1;
+      double sum = 0;
+      for (int ring = 0; ring < rings; ++ring) {
+        const double cosine = 2 * (ring + 0.5) / rings - 1;
+        sum += double(light(float(cosine))) * received(normal, cosine);
+      }
+      _values[at] = float(sum * 4 / rings);
+    }
+  }
+
+  /** By the cosine of the surface's normal to the axis; divided by pi. */
+  float at(float cosine) const {
+    const float place =
+        (std::min(std::max(cosine, -1.0f), 1.0f) + 1) / 2 * float(_values.size() - 1);
+    const std::size_t below = std::min(std::size_t(place), _values.size() - 2);
+    const float part = place - float(below);
+    return _values[below] * (1 - part) + _values[below + 1] * part;
+  }
+
+ private:
+  std::array<float, 65> _values{};
+};
 
 }  // namespace
 
 QVector3D Environment::radiance(const QVector3D& direction) {
-  const float amount = level(direction);
-  return {amount, amount, amount};
+  return QVector3D(1, 1, 1) *
+         (around(direction.y()) + mainLight(QVector3D::dotProduct(direction, mainDirection())));
 }
 
 QVector3D Environment::diffuse(const QVector3D& normal) {
-  // The gradient's mean over the half sphere, and the main light as if it were a small disc.
-  const float around = floorLevel + (skyLevel - floorLevel) * (normal.y() + 1) / 2;
-  constexpr float mainShare = 0.11f;  // the disc's solid angle divided by pi, softened rim included
-  const float main = mainLevel * mainShare *
-                     std::max(QVector3D::dotProduct(normal, mainDirection()), 0.0f);
-  return QVector3D(1, 1, 1) * (around + main);
+  static const Received fromAround(around), fromMain(mainLight);
+  return QVector3D(1, 1, 1) *
+         (fromAround.at(normal.y()) + fromMain.at(QVector3D::dotProduct(normal, mainDirection())));
 }
 
 QVector3D Environment::backdrop(float height) {

@@ -32,7 +32,8 @@ Light readLight(const GltfSource* source, int index) {
   light.type = typeOf(json["type"].toString());
   const QJsonArray color = json["color"].toArray();
   if (color.size() >= 3)
-    light.intensity = {atLeastZero(color[0], 1), atLeastZero(color[1], 1), atLeastZero(color[2], 1)};
+    light.intensity = {atLeastZero(color[0], 1), atLeastZero(color[1], 1),
+                       atLeastZero(color[2], 1)};
   light.intensity *= atLeastZero(json["intensity"], 1);
   light.range = atLeastZero(json["range"], 0);
   const QJsonObject spot = json["spot"].toObject();

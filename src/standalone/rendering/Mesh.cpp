@@ -5,22 +5,13 @@
 
 #include "standalone/gltf/AccessorReader.h"
 #include "standalone/gltf/GltfSource.h"
+#include "standalone/rendering/Vectors.h"
 
 namespace kuStandalone {
 
 namespace {
 
 constexpr int triangleList = 4, triangleStrip = 5, triangleFan = 6;
-
-bool isFinite(const QVector3D& v) {
-  return std::isfinite(v.x()) && std::isfinite(v.y()) && std::isfinite(v.z());
-}
-
-/** A vector of length 1, or @p otherwise where it has no direction. */
-QVector3D unit(const QVector3D& v, const QVector3D& otherwise) {
-  const float length = v.length();
-  return std::isfinite(length) && length > 0 ? v / length : otherwise;
-}
 
 /** Some direction at a right angle to a normal. */
 QVector3D across(const QVector3D& normal) {
@@ -83,9 +74,9 @@ class MeshReader {
       for (std::size_t at = 1; at + 1 < list.size(); ++at)
         add(list[0], list[at], list[at + 1]);
     }
-    // A vertex that is not finite belongs to no triangle, but bounds must not see it either.
+    // No triangle has such a vertex, and nothing else is to stumble over its numbers.
     for (QVector3D& position : _mesh.positions) {
-      if (!isFinite(position)) position = QVector3D();
+      if (!isWithinReach(position)) position = QVector3D();
     }
   }
 
@@ -93,9 +84,9 @@ class MeshReader {
   void add(std::uint32_t a, std::uint32_t b, std::uint32_t c) {
     const std::size_t count = _mesh.positions.size();
     if (a >= count || b >= count || c >= count) return;
-    const QVector3D& p = _mesh.positions[a];
-    const QVector3D area =
-        QVector3D::crossProduct(_mesh.positions[b] - p, _mesh.positions[c] - p);
+    const QVector3D &p = _mesh.positions[a], &q = _mesh.positions[b], &r = _mesh.positions[c];
+    if (!isWithinReach(p) || !isWithinReach(q) || !isWithinReach(r)) return;
+    const QVector3D area = QVector3D::crossProduct(q - p, r - p);
     if (isFinite(area) && !area.isNull()) _mesh.triangles.push_back({a, b, c});
   }
 
@@ -118,8 +109,8 @@ class MeshReader {
         positions.push_back(_mesh.positions[vertex]);
         _sourceVertex.push_back(vertex);
       }
-      const QVector3D normal = QVector3D::normal(positions[first], positions[first + 1],
-                                                 positions[first + 2]);
+      const QVector3D normal = QVector3D::crossProduct(positions[first + 1] - positions[first],
+                                                       positions[first + 2] - positions[first]);
       _mesh.normals.insert(_mesh.normals.end(), 3, unit(normal, {0, 1, 0}));
       triangle = {first, first + 1, first + 2};
     }
@@ -195,8 +186,8 @@ class MeshReader {
     for (std::size_t at = 0; at + step <= list.size(); at += step) {
       const float alpha = step == 4 ? list[at + 3] : 1;
       const QVector4D color(list[at], list[at + 1], list[at + 2], alpha);
-      colors.push_back(isFinite(color.toVector3D()) && std::isfinite(alpha) ? color
-                                                                            : QVector4D(1, 1, 1, 1));
+      colors.push_back(
+          isFinite(color.toVector3D()) && std::isfinite(alpha) ? color : QVector4D(1, 1, 1, 1));
     }
     _mesh.colors = spread(std::move(colors));
   }
@@ -213,7 +204,8 @@ class MeshReader {
 }  // namespace
 
 std::shared_ptr<const Mesh> readMesh(const GltfSource& source, int mesh, int primitive) {
-  const QJsonArray primitives = source.root["meshes"].toArray()[mesh].toObject()["primitives"].toArray();
+  const QJsonArray primitives =
+      source.root["meshes"].toArray()[mesh].toObject()["primitives"].toArray();
   const QJsonValue found = primitives.at(primitive);
   if (!found.isObject()) return std::make_shared<const Mesh>();
   return MeshReader(source, found.toObject()).read();

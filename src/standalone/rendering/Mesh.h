@@ -35,8 +35,8 @@ struct Mesh {
 
 /**
  * The triangles of a primitive of the file; strips and fans are taken apart. Triangles that have no
- * area or a vertex that is not finite are left out, and so are points and lines: the answer may
- * have no triangle. Never null.
+ * area or a vertex that is not finite or farther out than 1e18 are left out, and so are points and
+ * lines: the answer may have no triangle. Never null.
  */
 KUHOST_EXPORT std::shared_ptr<const Mesh> readMesh(const GltfSource& source, int mesh,
                                                    int primitive);

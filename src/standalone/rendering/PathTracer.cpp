@@ -11,6 +11,8 @@ namespace {
 
 constexpr float infinity = std::numeric_limits<float>::infinity();
 constexpr int mostLayers = 32;
+/** What shows through with less than this is left out. */
+constexpr float leastRest = 0.01f;
 /** Light along one path that is brighter than this is noise rather than picture. */
 constexpr float brightest = 12;
 /** Share of the light from all around that still reaches what a bounce meets. */
@@ -60,7 +62,6 @@ Arriving arriving(const VisibleLight& lamp, const QVector3D& position) {
 /** A surface that a ray met, with the ray as it was then. */
 struct PathTracer::Met {
   RayHit hit;
-  Coverage coverage;
   Ray ray;
 };
 
@@ -68,12 +69,15 @@ PathTracer::PathTracer(const TracedScene& scene) : _scene(scene) {
   const Bounds& bounds = scene.geometry->bounds();
   const float size = bounds.size().length();
   const float far = std::max(bounds.least.length(), bounds.most.length());
-  _offset = std::max({size * 1e-5f, far * 1e-6f, 1e-7f});
+  _offset = std::max({size * 1e-5f, far * 1e-6f, std::numeric_limits<float>::min()});
 }
 
-Ray PathTracer::cut(const Ray& ray) const {
-  return _scene.cut ? _scene.cut->outside(ray) : ray;
+// The farther the eye, the less exact is the place of what it meets.
+float PathTracer::past(float distance) const {
+  return distance + std::max(_offset, distance * 4e-7f);
 }
+
+Ray PathTracer::cut(const Ray& ray) const { return _scene.cut ? _scene.cut->outside(ray) : ray; }
 
 /** Whether the ray goes through: an opening, or the back of what has only a front. What is cut open
  * shows its inside. */
@@ -88,8 +92,8 @@ std::optional<PathTracer::Met> PathTracer::meet(Ray ray) const {
     const std::optional<RayHit> hit = _scene.geometry->intersect(ray);
     if (!hit) return std::nullopt;
     const Coverage coverage = coverageOf(*hit, ray);
-    if (!isHole(coverage, *hit->instance->surface)) return Met{*hit, coverage, ray};
-    ray.nearest = hit->distance + _offset;
+    if (!isHole(coverage, *hit->instance->surface)) return Met{*hit, ray};
+    ray.nearest = past(hit->distance);
   }
   return std::nullopt;
 }
@@ -117,7 +121,7 @@ float PathTracer::passing(Ray ray) const {
     const std::optional<RayHit> hit = _scene.geometry->intersect(ray);
     if (!hit) return share;
     share *= 1 - coverageOf(*hit, ray).opacity;
-    ray.nearest = hit->distance + _offset;
+    ray.nearest = past(hit->distance);
   }
   return share > 0.005f ? share : 0;
 }
@@ -135,13 +139,26 @@ QVector3D PathTracer::direct(const SurfacePoint& point, const Reflectance& refle
   return sum;
 }
 
-/** The light that comes from a direction after at most one more surface. */
-QVector3D PathTracer::bounced(const Ray& ray) const {
-  const std::optional<Met> met = meet(ray);
-  if (!met) return Environment::radiance(ray.direction);
-  const SurfacePoint point = surfacePoint(met->hit, met->ray);
+/** The light that comes from a direction after at most one more surface, or several that light
+ * passes through. */
+QVector3D PathTracer::bounced(Ray ray) const {
+  QVector3D light;
+  float rest = 1;
+  for (int layer = 0; layer < mostLayers && rest >= leastRest; ++layer) {
+    const std::optional<Met> met = meet(ray);
+    if (!met) return light + Environment::radiance(ray.direction) * rest;
+    const SurfacePoint point = surfacePoint(met->hit, met->ray);
+    light += sentOn(point, -ray.direction) * (rest * point.opacity);
+    rest *= 1 - point.opacity;
+    ray.nearest = past(met->hit.distance);
+  }
+  return light;
+}
+
+/** The light that a surface sends on which a bounce meets. */
+QVector3D PathTracer::sentOn(const SurfacePoint& point, const QVector3D& toEye) const {
   if (point.surface->unlit) return point.baseColor;
-  const Reflectance reflectance(point, -ray.direction);
+  const Reflectance reflectance(point, toEye);
   const QVector3D around = Environment::diffuse(point.normal) * (bounceAmbient * point.occlusion);
   // The mirrored part is taken as if it scattered: what it would show lies a bounce too far.
   const QVector3D color = reflectance.diffuseColor() + point.baseColor * point.metallic;
@@ -156,8 +173,8 @@ QVector3D PathTracer::shade(const SurfacePoint& point, const QVector3D& toEye,
 
   if (!reflectance.diffuseColor().isNull()) {
     const QVector3D direction = reflectance.scatter(random.at(2), random.at(3));
-    light += reflectance.diffuseColor() * point.occlusion *
-             bounced(leaving(point, direction, infinity));
+    light +=
+        reflectance.diffuseColor() * point.occlusion * bounced(leaving(point, direction, infinity));
   }
   QVector3D share;
   const QVector3D direction = reflectance.reflect(random.at(4), random.at(5), share);
@@ -185,8 +202,8 @@ float PathTracer::groundShadow(const QVector3D& position, const Sampler& random)
 
   const QVector3D direction = flat.scatter(random.at(2), random.at(3));
   float whole = level(Environment::diffuse(point.normal));
-  float lost = (1 - passing(leaving(point, direction, infinity))) *
-               level(Environment::radiance(direction));
+  float lost =
+      (1 - passing(leaving(point, direction, infinity))) * level(Environment::radiance(direction));
   for (const VisibleLight& lamp : _scene.lights) {
     const Arriving light = arriving(lamp, position);
     const float amount = level(light.light) * std::max(light.direction.y(), 0.0f) / 3.14159265f;
@@ -225,8 +242,8 @@ QVector3D PathTracer::sample(const Ray& first, float height, const Sampler& rand
     const QVector3D light = toneMapped(shade(point, -ray.direction, numbers));
     picture += light * (rest * point.opacity);
     rest *= 1 - point.opacity;
-    if (rest < 0.01f) return picture;
-    ray.nearest = met->hit.distance + _offset;
+    if (rest < leastRest) return picture;
+    ray.nearest = past(met->hit.distance);
   }
   return picture;
 }

@@ -48,10 +48,13 @@ class KUHOST_EXPORT PathTracer {
   Ray cut(const Ray& ray) const;
   Ray leaving(const SurfacePoint& point, const QVector3D& direction, float farthest) const;
   float passing(Ray ray) const;
+  /** Where a ray goes on beyond what it met. */
+  float past(float distance) const;
 
   QVector3D shade(const SurfacePoint& point, const QVector3D& toEye, const Sampler& random) const;
   QVector3D direct(const SurfacePoint& point, const Reflectance& reflectance) const;
-  QVector3D bounced(const Ray& ray) const;
+  QVector3D bounced(Ray ray) const;
+  QVector3D sentOn(const SurfacePoint& point, const QVector3D& toEye) const;
   /** Lays the clipping plane's pane over what lies behind it. */
   void addPane(const Ray& ray, float behind, QVector3D& picture, float& rest) const;
   float groundShadow(const QVector3D& position, const Sampler& random) const;

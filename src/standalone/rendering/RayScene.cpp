@@ -5,6 +5,8 @@
 #include <cmath>
 
 #include "standalone/gltf/GltfSource.h"
+#include "standalone/rendering/Vectors.h"
+#include "standalone/scene/SceneNode.h"
 
 namespace kuStandalone {
 
@@ -17,6 +19,11 @@ void Bounds::add(const QVector3D& point) {
     least[axis] = std::min(least[axis], point[axis]);
     most[axis] = std::max(most[axis], point[axis]);
   }
+}
+
+QVector3D Bounds::corner(int number) const {
+  return {number & 1 ? most.x() : least.x(), number & 2 ? most.y() : least.y(),
+          number & 4 ? most.z() : least.z()};
 }
 
 /** A mesh with the hierarchy that the ray tracer made for it. */
@@ -47,16 +54,16 @@ RayScene::BuiltMesh::BuiltMesh(RTCDevice device, std::shared_ptr<const Mesh> bui
 void RayScene::BuiltMesh::attachTriangles(RTCDevice device) {
   RTCGeometry geometry = rtcNewGeometry(device, RTC_GEOMETRY_TYPE_TRIANGLE);
   // Its own copy, since the tracer reads a few bytes beyond the last vertex.
-  auto* vertices = static_cast<float*>(
-      rtcSetNewGeometryBuffer(geometry, RTC_BUFFER_TYPE_VERTEX, 0, RTC_FORMAT_FLOAT3,
-                              3 * sizeof(float), mesh->positions.size()));
+  auto* vertices = static_cast<float*>(rtcSetNewGeometryBuffer(geometry, RTC_BUFFER_TYPE_VERTEX, 0,
+                                                               RTC_FORMAT_FLOAT3, 3 * sizeof(float),
+                                                               mesh->positions.size()));
   for (const QVector3D& position : mesh->positions) {
     for (int axis = 0; axis < 3; ++axis)
       *vertices++ = position[axis];
   }
-  auto* indices = static_cast<Triangle*>(
-      rtcSetNewGeometryBuffer(geometry, RTC_BUFFER_TYPE_INDEX, 0, RTC_FORMAT_UINT3,
-                              sizeof(Triangle), mesh->triangles.size()));
+  auto* indices = static_cast<Triangle*>(rtcSetNewGeometryBuffer(geometry, RTC_BUFFER_TYPE_INDEX, 0,
+                                                                 RTC_FORMAT_UINT3, sizeof(Triangle),
+                                                                 mesh->triangles.size()));
   std::copy(mesh->triangles.begin(), mesh->triangles.end(), indices);
   rtcCommitGeometry(geometry);
   rtcAttachGeometry(scene, geometry);
@@ -71,42 +78,35 @@ RayScene::~RayScene() {
 }
 
 void RayScene::reset(const std::shared_ptr<SceneSource>& source) {
-  for (RTCGeometry geometry : _geometries)
-    rtcReleaseGeometry(geometry);
+  for (RTCGeometry geometry : _geometries) {
+    if (geometry) rtcReleaseGeometry(geometry);
+  }
   if (_top) rtcReleaseScene(_top);
   _top = nullptr;
   _geometries.clear();
   _instances.clear();
-  _instanceOfNode.clear();
+  _instanceOf.clear();
+  _free.clear();
   _meshes.clear();
   _source = source;
   _surfaces.reset();
 }
 
 void RayScene::update(const Scene& scene, const VisibleScene& visible) {
-  if (!_top || scene.source != _source) {
-    reset(scene.source);
-    _surfaces = std::make_unique<Surfaces>(std::dynamic_pointer_cast<GltfSource>(_source));
-    _top = rtcNewScene(_device);
-    rtcSetSceneFlags(_top, RTC_SCENE_FLAG_ROBUST | RTC_SCENE_FLAG_DYNAMIC);
-    rtcCommitScene(_top);
-  }
-  std::vector<bool> before(_instances.size());
-  for (std::size_t at = 0; at < _instances.size(); ++at) {
-    before[at] = _instances[at].shown;
-    _instances[at].shown = false;
+  if (!_top || scene.source != _source) begin(scene.source);
+  std::vector<bool> before;
+  for (MeshInstance& instance : _instances) {
+    before.push_back(instance.shown);
+    instance.shown = false;
   }
   bool changed = false;
   for (const VisibleGeometry& geometry : visible.geometries) {
     const BuiltMesh* mesh = meshOf(*geometry.core);
     if (mesh && geometry.placement.isRegular()) changed |= place(geometry, *mesh);
   }
-  for (std::size_t at = 0; at < _instances.size(); ++at) {
-    const bool was = at < before.size() && before[at];
-    if (_instances[at].shown == was) continue;
-    _instances[at].shown ? rtcEnableGeometry(_geometries[at]) : rtcDisableGeometry(_geometries[at]);
-    changed = true;
-  }
+  before.resize(_instances.size());
+  changed |= applyShown(before);
+  changed |= releaseDead();
   if (changed) {
     rtcCommitScene(_top);
     ++_topBuilds;
@@ -114,8 +114,42 @@ void RayScene::update(const Scene& scene, const VisibleScene& visible) {
   refreshBounds();
 }
 
+void RayScene::begin(const std::shared_ptr<SceneSource>& source) {
+  reset(source);
+  _surfaces = std::make_unique<Surfaces>(std::dynamic_pointer_cast<GltfSource>(_source));
+  _top = rtcNewScene(_device);
+  rtcSetSceneFlags(_top, RTC_SCENE_FLAG_ROBUST | RTC_SCENE_FLAG_DYNAMIC);
+  rtcCommitScene(_top);
+}
+
+bool RayScene::applyShown(const std::vector<bool>& before) {
+  bool changed = false;
+  for (std::size_t at = 0; at < _instances.size(); ++at) {
+    if (_instances[at].shown == before[at]) continue;
+    _instances[at].shown ? rtcEnableGeometry(_geometries[at]) : rtcDisableGeometry(_geometries[at]);
+    changed = true;
+  }
+  return changed;
+}
+
+bool RayScene::releaseDead() {
+  bool changed = false;
+  for (unsigned at = 0; at < _instances.size(); ++at) {
+    MeshInstance& instance = _instances[at];
+    if (instance.shown || !_geometries[at] || SceneNode::byId(instance.node)) continue;
+    rtcDetachGeometry(_top, at);
+    rtcReleaseGeometry(_geometries[at]);
+    _geometries[at] = nullptr;
+    _instanceOf.erase({instance.node, instance.mesh.get()});
+    instance = MeshInstance();
+    _free.push_back(at);
+    changed = true;
+  }
+  return changed;
+}
+
 const RayScene::BuiltMesh* RayScene::meshOf(const GeometryCore& core) {
-  const auto* source = static_cast<const GltfSource*>(_source.get());
+  const auto* source = dynamic_cast<const GltfSource*>(_source.get());
   if (!source || core.mesh < 0 || core.primitive < 0) return nullptr;
   std::unique_ptr<BuiltMesh>& built = _meshes[{core.mesh, core.primitive}];
   if (!built) {
@@ -126,41 +160,50 @@ const RayScene::BuiltMesh* RayScene::meshOf(const GeometryCore& core) {
 }
 
 bool RayScene::place(const VisibleGeometry& geometry, const BuiltMesh& mesh) {
-  const auto known = _instanceOfNode.find(geometry.node);
-  // A node that was given another core takes an instance of its own.
-  const bool isNew =
-      known == _instanceOfNode.end() || _instances[known->second].mesh != mesh.mesh;
-  const unsigned index = isNew ? attach(mesh) : known->second;
-  if (isNew) _instanceOfNode[geometry.node] = index;
+  const auto found = _instanceOf.try_emplace({geometry.node, mesh.mesh.get()}, 0);
+  unsigned& index = found.first->second;
+  if (found.second) index = attach(mesh, geometry.node);
   MeshInstance& instance = _instances[index];
+  const bool moved = found.second || instance.placement != geometry.placement;
+  if (moved) move(index, geometry.placement, mesh.bounds);
   instance.surface = _surfaces->of(geometry.material);
-  // What shows none of its materials is not to be seen; the ray passes it by.
-  instance.shown = instance.surface != nullptr;
-  if (!isNew && instance.placement == geometry.placement) return false;
-  instance.placement = geometry.placement;
-  instance.bounds = Bounds();
-  for (int corner = 0; corner < 8; ++corner) {
-    const Bounds& b = mesh.bounds;
-    instance.bounds.add(instance.placement.point({corner & 1 ? b.most.x() : b.least.x(),
-                                                  corner & 2 ? b.most.y() : b.least.y(),
-                                                  corner & 4 ? b.most.z() : b.least.z()}));
-  }
-  rtcSetGeometryTransform(_geometries[index], 0, RTC_FORMAT_FLOAT3X4_ROW_MAJOR,
-                          instance.placement.rows().data());
-  rtcCommitGeometry(_geometries[index]);
-  return true;
+  instance.shown = instance.surface && isWithinReach(instance.bounds.least) &&
+                   isWithinReach(instance.bounds.most);
+  return moved;
 }
 
-unsigned RayScene::attach(const BuiltMesh& mesh) {
+void RayScene::move(unsigned index, const Placement& placement, const Bounds& bounds) {
+  MeshInstance& instance = _instances[index];
+  instance.placement = placement;
+  instance.bounds = Bounds();
+  for (int corner = 0; corner < 8; ++corner)
+    instance.bounds.add(placement.point(bounds.corner(corner)));
+  rtcSetGeometryTransform(_geometries[index], 0, RTC_FORMAT_FLOAT3X4_ROW_MAJOR,
+                          placement.rows().data());
+  rtcCommitGeometry(_geometries[index]);
+}
+
+unsigned RayScene::attach(const BuiltMesh& mesh, std::uint32_t node) {
   RTCGeometry geometry = rtcNewGeometry(_device, RTC_GEOMETRY_TYPE_INSTANCE);
   rtcSetGeometryInstancedScene(geometry, mesh.scene);
   rtcSetGeometryTimeStepCount(geometry, 1);
-  const auto index = unsigned(_instances.size());
+  const unsigned index = freePlace();
   rtcAttachGeometryByID(_top, geometry, index);
   rtcDisableGeometry(geometry);
-  _geometries.push_back(geometry);
-  _instances.emplace_back();
-  _instances.back().mesh = mesh.mesh;
+  _geometries[index] = geometry;
+  _instances[index].mesh = mesh.mesh;
+  _instances[index].node = node;
+  return index;
+}
+
+unsigned RayScene::freePlace() {
+  if (_free.empty()) {
+    _geometries.push_back(nullptr);
+    _instances.emplace_back();
+    return unsigned(_instances.size() - 1);
+  }
+  const unsigned index = _free.back();
+  _free.pop_back();
   return index;
 }
 
@@ -180,9 +223,18 @@ std::optional<RayHit> RayScene::intersect(const Ray& ray) const {
   RTCIntersectContext context;
   rtcInitIntersectContext(&context);
   RTCRayHit query{};
-  query.ray = {ray.origin.x(),    ray.origin.y(),    ray.origin.z(),    ray.nearest,
-               ray.direction.x(), ray.direction.y(), ray.direction.z(), 0,
-               ray.farthest,      ~0U,               0,                 0};
+  query.ray = {ray.origin.x(),
+               ray.origin.y(),
+               ray.origin.z(),
+               ray.nearest,
+               ray.direction.x(),
+               ray.direction.y(),
+               ray.direction.z(),
+               0,
+               ray.farthest,
+               ~0U,
+               0,
+               0};
   query.hit.geomID = query.hit.instID[0] = RTC_INVALID_GEOMETRY_ID;
   rtcIntersect1(_top, &context, &query);
   if (query.hit.geomID == RTC_INVALID_GEOMETRY_ID) return std::nullopt;
@@ -194,9 +246,18 @@ bool RayScene::occluded(const Ray& ray) const {
   if (ray.isEmpty()) return false;
   RTCIntersectContext context;
   rtcInitIntersectContext(&context);
-  RTCRay query = {ray.origin.x(),    ray.origin.y(),    ray.origin.z(),    ray.nearest,
-                  ray.direction.x(), ray.direction.y(), ray.direction.z(), 0,
-                  ray.farthest,      ~0U,               0,                 0};
+  RTCRay query = {ray.origin.x(),
+                  ray.origin.y(),
+                  ray.origin.z(),
+                  ray.nearest,
+                  ray.direction.x(),
+                  ray.direction.y(),
+                  ray.direction.z(),
+                  0,
+                  ray.farthest,
+                  ~0U,
+                  0,
+                  0};
   rtcOccluded1(_top, &context, &query);
   return query.tfar < 0;
 }

@@ -4,7 +4,6 @@
 #include <map>
 #include <memory>
 #include <optional>
-#include <unordered_map>
 #include <vector>
 
 #include "standalone/rendering/Mesh.h"
@@ -19,20 +18,25 @@ struct RTCGeometryTy;
 namespace kuStandalone {
 
 /** A box with its sides along the axes; empty at first. */
-struct Bounds {
+struct KUHOST_EXPORT Bounds {
   QVector3D least{1, 1, 1}, most{-1, -1, -1};
 
   bool isEmpty() const { return least.x() > most.x(); }
   void add(const QVector3D& point);
+  /** One of its eight corners, from 0. */
+  QVector3D corner(int number) const;
   QVector3D center() const { return (least + most) / 2; }
   QVector3D size() const { return isEmpty() ? QVector3D() : most - least; }
 };
 
 /** A mesh in one place of the scene, with what it looks like. */
 struct MeshInstance {
+  /** Identifier of its node. */
+  std::uint32_t node = 0;
   std::shared_ptr<const Mesh> mesh;
   Placement placement;
-  /** Null for a switch material that shows none: then it is not to be seen. */
+  /** Null for a switch material that shows none: then it is not to be seen, and neither is what
+   * lies beyond the numbers of the ray tracer. */
   std::shared_ptr<const Surface> surface;
   Bounds bounds;
   bool shown = false;
@@ -50,7 +54,8 @@ struct RayHit {
 /**
  * The geometry of a scene as the ray tracer holds it. It follows the scene: a mesh is built once,
  * however many nodes show it and whatever happens to them; a node that is hidden, shown or moved
- * costs an update of the topmost level alone, and a material that changes costs nothing there.
+ * costs an update of the topmost level alone, and a material that changes costs nothing there. What
+ * a node leaves behind that has died is cleared away.
  */
 class KUHOST_EXPORT RayScene {
  public:
@@ -82,10 +87,16 @@ class KUHOST_EXPORT RayScene {
   using MeshKey = std::pair<int, int>;
 
   void reset(const std::shared_ptr<SceneSource>& source);
+  void begin(const std::shared_ptr<SceneSource>& source);
   const BuiltMesh* meshOf(const GeometryCore& core);
   /** Places a geometry; the answer is whether the topmost level changed. */
   bool place(const VisibleGeometry& geometry, const BuiltMesh& mesh);
-  unsigned attach(const BuiltMesh& mesh);
+  void move(unsigned index, const Placement& placement, const Bounds& bounds);
+  unsigned attach(const BuiltMesh& mesh, std::uint32_t node);
+  unsigned freePlace();
+  /** Takes over what shows and what not, and what has died; the answers are as place()'s. */
+  bool applyShown(const std::vector<bool>& before);
+  bool releaseDead();
   void refreshBounds();
 
   RTCDeviceTy* _device;
@@ -95,7 +106,10 @@ class KUHOST_EXPORT RayScene {
   std::map<MeshKey, std::unique_ptr<BuiltMesh>> _meshes;
   std::vector<MeshInstance> _instances;
   std::vector<RTCGeometryTy*> _geometries;
-  std::unordered_map<std::uint32_t, unsigned> _instanceOfNode;
+  /** Places in the lists above that are free. */
+  std::vector<unsigned> _free;
+  /** By node and mesh, since a node may be given another core and its own one again. */
+  std::map<std::pair<std::uint32_t, const Mesh*>, unsigned> _instanceOf;
   Bounds _bounds;
   bool _hasOpenings = false;
   std::uint64_t _meshBuilds = 0, _topBuilds = 0;

@@ -19,6 +19,14 @@ QVector3D disc(float u, float v) {
   return {radius * std::cos(angle), radius * std::sin(angle), 0};
 }
 
+float fifthPower(float x) { return x * x * x * x * x; }
+
+/** About the share of light that the facets of a plain material reflect before it can scatter. */
+float mirroredShare(float cosEye, float roughness) {
+  const float grazing = std::max(1 - roughness, dielectric);
+  return dielectric + (grazing - dielectric) * fifthPower(1 - std::min(cosEye, 1.0f));
+}
+
 }  // namespace
 
 Reflectance::Reflectance(const SurfacePoint& point, const QVector3D& toEye)
@@ -29,12 +37,13 @@ Reflectance::Reflectance(const SurfacePoint& point, const QVector3D& toEye)
   const QVector3D axis = std::fabs(_normal.x()) < 0.7f ? QVector3D(1, 0, 0) : QVector3D(0, 1, 0);
   _tangent = QVector3D::crossProduct(_normal, axis).normalized();
   _side = QVector3D::crossProduct(_normal, _tangent);
-  _diffuse = point.baseColor * (1 - point.metallic) * (1 - dielectric);
-  _specular = QVector3D(1, 1, 1) * (dielectric * (1 - point.metallic)) +
-              point.baseColor * point.metallic;
+  _specular =
+      QVector3D(1, 1, 1) * (dielectric * (1 - point.metallic)) + point.baseColor * point.metallic;
   const float roughness = std::max(point.roughness, leastRoughness);
   _alpha = roughness * roughness;
   _cosEye = std::max(dot(_normal, _toEye), 1e-3f);
+  // Together with the mirrored part no more light leaves than comes.
+  _diffuse = point.baseColor * ((1 - point.metallic) * (1 - mirroredShare(_cosEye, roughness)));
 }
 
 QVector3D Reflectance::toWorld(const QVector3D& local) const {
@@ -42,8 +51,7 @@ QVector3D Reflectance::toWorld(const QVector3D& local) const {
 }
 
 QVector3D Reflectance::fresnel(float cosine) const {
-  const float rest = 1 - std::min(std::max(cosine, 0.0f), 1.0f);
-  const float share = rest * rest * rest * rest * rest;
+  const float share = fifthPower(1 - std::min(std::max(cosine, 0.0f), 1.0f));
   return _specular + (QVector3D(1, 1, 1) - _specular) * share;
 }
 
@@ -78,11 +86,10 @@ QVector3D Reflectance::scatter(float u, float v) const {
 // integrand is the Fresnel term and the masking towards the light.
 QVector3D Reflectance::reflect(float u, float v, QVector3D& share) const {
   const QVector3D eye(dot(_toEye, _tangent), dot(_toEye, _side), _cosEye);
-  const QVector3D stretched =
-      QVector3D(_alpha * eye.x(), _alpha * eye.y(), eye.z()).normalized();
+  const QVector3D stretched = QVector3D(_alpha * eye.x(), _alpha * eye.y(), eye.z()).normalized();
   const float flat = stretched.x() * stretched.x() + stretched.y() * stretched.y();
-  const QVector3D t1 = flat > 0 ? QVector3D(-stretched.y(), stretched.x(), 0) / std::sqrt(flat)
-                                : QVector3D(1, 0, 0);
+  const QVector3D t1 =
+      flat > 0 ? QVector3D(-stretched.y(), stretched.x(), 0) / std::sqrt(flat) : QVector3D(1, 0, 0);
   const QVector3D t2 = QVector3D::crossProduct(stretched, t1);
   const QVector3D on = disc(u, v);
   const float s = (1 + stretched.z()) / 2;

@@ -70,15 +70,14 @@ class RowWork {
 
   /** Waits for the end; the answer is whether it was reached. */
   bool wait(const Renderer::Progress& progress) {
-    std::unique_lock<std::mutex> lock(_mutex);
-    while (_done < _rows) {
-      _rowDone.wait_for(lock, std::chrono::milliseconds(50));
-      const double share = double(_done) / _rows;
+    for (;;) {
+      std::unique_lock<std::mutex> lock(_mutex);
+      _rowDone.wait_for(lock, std::chrono::milliseconds(50), [this] { return _done == _rows; });
+      const int done = _done;
       lock.unlock();
-      if (progress && !progress(share)) return false;
-      lock.lock();
+      if (progress && !progress(double(done) / _rows)) return false;
+      if (done == _rows) return true;
     }
-    return true;
   }
 
  private:
@@ -113,6 +112,47 @@ QVector3D pixel(const PathTracer& tracer, const View& view, const PictureSetting
   return sum / float(settings.samples);
 }
 
+/** The traced picture; null where there is no memory for it or the progress ended it. */
+QImage trace(const PathTracer& tracer, const View& view, const PictureSettings& settings,
+             const Renderer::Progress& progress) {
+  QImage picture(settings.width, settings.height, QImage::Format_RGB32);
+  if (picture.isNull()) return picture;
+  uchar* const bits = picture.bits();
+  const int stride = picture.bytesPerLine();
+  RowWork work(settings.height, settings.threads, [&, bits, stride](int y) {
+    auto* line = reinterpret_cast<QRgb*>(bits + std::ptrdiff_t(y) * stride);
+    for (int x = 0; x < settings.width; ++x) {
+      const QVector3D color = pixel(tracer, view, settings, x, y);
+      line[x] = qRgb(srgbByte(color.x()), srgbByte(color.y()), srgbByte(color.z()));
+    }
+  });
+  return work.wait(progress) ? picture : QImage();
+}
+
+TracedScene tracedScene(const RayScene& geometry, const std::vector<VisibleLight>& lights) {
+  const ClippingSettings& clipping = ClippingSettings::the();
+  TracedScene traced;
+  traced.geometry = &geometry;
+  traced.lights = lights;
+  traced.cut = cutAway(clipping);
+  if (traced.cut) {
+    traced.pane.emplace(clipping, *traced.cut, geometry.bounds());
+    traced.hidden = clipping.hideScene;
+  }
+  if (!traced.hidden) traced.ground = standInGround(geometry);
+  return traced;
+}
+
+/** Lays over the picture where the plane cuts. */
+void addContour(QImage& picture, const View& view, const PathTracer& tracer,
+                const TracedScene& traced) {
+  const ClippingSettings& clipping = ClippingSettings::the();
+  if (!traced.cut || !clipping.showContour) return;
+  const auto& color = clipping.contourColor;
+  drawContour(picture, view, tracer, cutLines(*traced.geometry, *traced.cut),
+              {color[0], color[1], color[2]}, clipping.contourWidth);
+}
+
 }  // namespace
 
 Renderer::Renderer() : _sceneplates(std::make_unique<SceneplatePainter>()) {}
@@ -124,41 +164,13 @@ QImage Renderer::render(const Scene& scene, const PictureSettings& settings,
   if (!isSound(settings)) return QImage();
   const VisibleScene visible(scene);
   _geometry.update(scene, visible);
-  const View view =
-      viewOf(scene, _geometry.bounds(), float(settings.width) / float(settings.height));
-
-  const ClippingSettings& clipping = ClippingSettings::the();
-  TracedScene traced;
-  traced.geometry = &_geometry;
-  traced.lights = visible.lights;
-  traced.cut = cutAway(clipping);
-  if (traced.cut) {
-    traced.pane.emplace(clipping, *traced.cut, _geometry.bounds());
-    traced.hidden = clipping.hideScene;
-  }
-  if (!traced.hidden) traced.ground = standInGround(_geometry);
-
+  const float aspect = float(settings.width) / float(settings.height);
+  const View view = viewOf(scene, _geometry.bounds(), aspect);
+  const TracedScene traced = tracedScene(_geometry, visible.lights);
   const PathTracer tracer(traced);
-  QImage picture(settings.width, settings.height, QImage::Format_RGB32);
+  QImage picture = trace(tracer, view, settings, progress);
   if (picture.isNull()) return picture;
-  uchar* const bits = picture.bits();
-  const int stride = picture.bytesPerLine();
-  const auto renderRow = [&](int y) {
-    auto* line = reinterpret_cast<QRgb*>(bits + std::ptrdiff_t(y) * stride);
-    for (int x = 0; x < settings.width; ++x) {
-      const QVector3D color = pixel(tracer, view, settings, x, y);
-      line[x] = qRgb(srgbByte(color.x()), srgbByte(color.y()), srgbByte(color.z()));
-    }
-  };
-  {
-    RowWork work(settings.height, settings.threads, renderRow);
-    if (!work.wait(progress)) return QImage();
-  }
-  if (traced.cut && clipping.showContour) {
-    const auto& color = clipping.contourColor;
-    drawContour(picture, view, tracer, cutLines(_geometry, *traced.cut),
-                {color[0], color[1], color[2]}, clipping.contourWidth);
-  }
+  addContour(picture, view, tracer, traced);
   _sceneplates->paint(scene, picture);
   return picture;
 }

@@ -31,7 +31,8 @@ struct PictureSettings {
  */
 class KUHOST_EXPORT Renderer {
  public:
-  /** Told the finished share from 0 to 1, in the caller's thread; false ends the work. */
+  /** Told the finished share from 0 to 1, in the caller's thread, 1 at the end; false ends the
+   * work. */
   using Progress = std::function<bool(double)>;
 
   Renderer();

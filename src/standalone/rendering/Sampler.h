@@ -23,7 +23,8 @@ class Sampler {
   }
 
   float at(std::size_t dimension) const {
-    const double shift = double(hash(_pixel * dimensions + std::uint32_t(dimension))) / 4294967296.0;
+    const double shift =
+        double(hash(_pixel * dimensions + std::uint32_t(dimension))) / 4294967296.0;
     const double value = shift + double(_sample + 1) * steps()[dimension];
     return std::fmin(float(value - std::floor(value)), 0.99999994f);
   }

@@ -23,6 +23,18 @@ QRectF placeOf(const SceneplateCore& core, const QImage& picture) {
                 core.rect[2] * picture.width(), core.rect[3] * picture.height());
 }
 
+void draw(const QImage& image, const QRectF& place, QImage& picture) {
+  // The part that shows alone, since a plate may be far larger than the picture.
+  const QRectF part = place & QRectF(picture.rect());
+  if (part.isEmpty()) return;
+  const double across = image.width() / place.width(), down = image.height() / place.height();
+  const QRectF source((part.x() - place.x()) * across, (part.y() - place.y()) * down,
+                      part.width() * across, part.height() * down);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawImage(part, image, source);
+}
+
 }  // namespace
 
 void SceneplatePainter::paint(const Scene& scene, QImage& picture) {
@@ -40,13 +52,9 @@ void SceneplatePainter::paintBelow(const osg::NodePtr& handle, QImage& picture) 
     const auto& core = SceneplateCore::of(node.core());
     const QImage& image = imageOf(core.image);
     const QRectF place = placeOf(core, picture);
-    if (!image.isNull() && place.isValid()) {
-      QPainter painter(&picture);
-      painter.setRenderHint(QPainter::SmoothPixmapTransform);
-      painter.drawImage(place, image);
-    }
+    if (!image.isNull() && place.isValid()) draw(image, place, picture);
   }
-  for (const osg::NodePtr& child : shownChildren(node))
+  for (const osg::NodePtr& child : ShownChildren(node))
     paintBelow(child, picture);
 }
 

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "standalone/rendering/Vectors.h"
+
 namespace kuStandalone {
 
 namespace {
@@ -10,7 +12,10 @@ namespace {
 class Corner {
  public:
   explicit Corner(const RayHit& hit)
-      : _mesh(*hit.instance->mesh), _triangle(_mesh.triangles[hit.triangle]), _u(hit.u), _v(hit.v) {}
+      : _mesh(*hit.instance->mesh),
+        _triangle(_mesh.triangles[hit.triangle]),
+        _u(hit.u),
+        _v(hit.v) {}
 
   const Mesh& mesh() const { return _mesh; }
 
@@ -67,12 +72,14 @@ QVector3D bent(const Corner& corner, const Surface& surface, const Placement& pl
                const QVector3D& normal) {
   if (!surface.normalTexture || corner.mesh().tangents.empty()) return normal;
   const QVector4D along = corner.blend(corner.mesh().tangents);
-  const QVector3D tangent = placement.direction(along.toVector3D()).normalized();
-  const QVector3D side = QVector3D::crossProduct(normal, tangent) * (along.w() < 0 ? -1.0f : 1.0f);
+  const QVector3D tangent = unit(placement.direction(along.toVector3D()));
+  // Where the placement mirrors, the picture's second axis turns over with the first.
+  const bool turned = (along.w() < 0) != (placement.determinant() < 0);
+  const QVector3D side = QVector3D::crossProduct(normal, tangent) * (turned ? -1.0f : 1.0f);
   const QVector3D map = corner.sample(surface.normalTexture).toVector3D() * 2 - QVector3D(1, 1, 1);
   const QVector3D result = tangent * (map.x() * surface.normalScale) +
                            side * (map.y() * surface.normalScale) + normal * map.z();
-  return result.isNull() ? normal : result.normalized();
+  return unit(result, normal);
 }
 
 }  // namespace
@@ -81,9 +88,8 @@ Coverage coverageOf(const RayHit& hit, const Ray& ray) {
   const Corner corner(hit);
   const Surface& surface = *hit.instance->surface;
   const QVector3D normal = hit.instance->placement.normal(corner.faceNormal());
-  const float opacity = surface.alpha == Surface::Alpha::Opaque
-                            ? 1
-                            : opacityOf(baseColor(corner, surface), surface);
+  const float opacity =
+      surface.alpha == Surface::Alpha::Opaque ? 1 : opacityOf(baseColor(corner, surface), surface);
   return {opacity, QVector3D::dotProduct(normal, ray.direction) > 0};
 }
 
@@ -93,7 +99,8 @@ SurfacePoint surfacePoint(const RayHit& hit, const Ray& ray) {
   const Placement& placement = hit.instance->placement;
   SurfacePoint point;
   point.surface = &surface;
-  point.position = ray.at(hit.distance);
+  // From the triangle and not along the ray: that is as exact however far the eye is.
+  point.position = placement.point(corner.blend(corner.mesh().positions));
   point.geometricNormal = placement.normal(corner.faceNormal());
   point.normal = placement.normal(corner.blend(corner.mesh().normals));
   if (point.normal.isNull()) point.normal = point.geometricNormal;

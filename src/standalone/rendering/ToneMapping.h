@@ -12,6 +12,9 @@ namespace kuStandalone {
  * group, made for products whose colours must be true.
  */
 inline QVector3D toneMapped(QVector3D color) {
+  // In this order, so that what is not a number becomes black.
+  for (int channel = 0; channel < 3; ++channel)
+    color[channel] = std::min(std::max(0.0f, color[channel]), 65504.0f);
   constexpr float start = 0.8f - 0.04f, desaturation = 0.15f;
   const float least = std::min({color.x(), color.y(), color.z()});
   const float offset = least < 0.08f ? least - 6.25f * least * least : 0.04f;
@@ -27,7 +30,7 @@ inline QVector3D toneMapped(QVector3D color) {
 
 /** A linear value from 0 to 1 as a byte of sRGB (IEC 61966-2-1). */
 inline unsigned char srgbByte(float linear) {
-  const float c = std::min(std::max(linear, 0.0f), 1.0f);
+  const float c = std::min(std::max(0.0f, linear), 1.0f);
   const float encoded = c <= 0.0031308f ? 12.92f * c : 1.055f * std::pow(c, 1 / 2.4f) - 0.055f;
   return static_cast<unsigned char>(encoded * 255 + 0.5f);
 }

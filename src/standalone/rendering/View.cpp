@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "standalone/rendering/Vectors.h"
+
 namespace kuStandalone {
 
 namespace {
@@ -10,18 +12,35 @@ namespace {
 constexpr float margin = 1.08f;
 constexpr float framingHalfAngle = 0.28f;
 
-/** Sets the three directions from a placement that may be scaled, skewed or mirrored. */
+/** Sets the eye and the three directions from a placement that may be scaled, skewed or mirrored.
+ */
 bool orient(View& view, const Placement& placement) {
-  const QVector3D forward = placement.direction({0, 0, -1}).normalized();
-  QVector3D right = placement.direction({1, 0, 0});
-  right = (right - forward * QVector3D::dotProduct(right, forward)).normalized();
-  if (forward.isNull() || right.isNull() || !std::isfinite(forward.lengthSquared()) ||
-      !std::isfinite(right.lengthSquared()))
-    return false;
-  view.forward = forward;
-  view.right = right;
-  view.up = QVector3D::crossProduct(right, forward);
-  return true;
+  view.forward = unit(placement.direction({0, 0, -1}));
+  const QVector3D up = unit(placement.direction({0, 1, 0}));
+  view.up = unit(up - view.forward * QVector3D::dotProduct(up, view.forward));
+  view.right = QVector3D::crossProduct(view.forward, view.up);
+  view.eye = placement.origin();
+  return !view.forward.isNull() && !view.up.isNull() && isFinite(view.eye);
+}
+
+/** Where an eye must stand so that a box just fits into its view in one direction. */
+struct Span {
+  /** From the box's centre: to the side, and backwards. */
+  float middle, back;
+};
+
+/** @param slope tangent of half the angle of view in that direction. */
+Span spanOf(const Bounds& bounds, const QVector3D& aside, const QVector3D& forward, float slope) {
+  // The lines of sight along both edges of the picture, pushed out until they touch the box.
+  float over = -std::numeric_limits<float>::infinity(), under = over;
+  for (int corner = 0; corner < 8; ++corner) {
+    const QVector3D to = bounds.corner(corner) - bounds.center();
+    const float side = QVector3D::dotProduct(to, aside);
+    const float ahead = slope * QVector3D::dotProduct(to, forward);
+    over = std::max(over, side - ahead);
+    under = std::max(under, -side - ahead);
+  }
+  return {(over - under) / 2, (over + under) / (2 * slope)};
 }
 
 const Camera* cameraOf(const Scene& scene) {
@@ -63,8 +82,9 @@ Ray View::ray(float x, float y) const {
 
 bool View::project(const QVector3D& point, float& x, float& y) const {
   const QVector3D to = point - eye;
-  const float distance = perspective ? QVector3D::dotProduct(to, forward) : 1;
-  if (!(distance > 0)) return false;
+  const float ahead = QVector3D::dotProduct(to, forward);
+  if (!(ahead > 0)) return false;
+  const float distance = perspective ? ahead : 1;
   x = (QVector3D::dotProduct(to, right) / (distance * halfWidth) + 1) / 2;
   y = (1 - QVector3D::dotProduct(to, up) / (distance * halfHeight)) / 2;
   return std::isfinite(x) && std::isfinite(y);
@@ -77,21 +97,14 @@ View viewOfAll(const Bounds& bounds, float aspect) {
   view.up = QVector3D::crossProduct(view.right, view.forward);
   view.halfHeight = std::tan(framingHalfAngle) * std::min(1.0f, 1 / std::max(aspect, 1e-6f));
   view.halfWidth = view.halfHeight * aspect;
-  const QVector3D center = bounds.isEmpty() ? QVector3D() : bounds.center();
-  // Far enough that each corner lies inside the picture.
-  float distance = bounds.isEmpty() ? 1 : 0;
-  for (int corner = 0; corner < 8 && !bounds.isEmpty(); ++corner) {
-    const QVector3D to =
-        QVector3D(corner & 1 ? bounds.most.x() : bounds.least.x(),
-                  corner & 2 ? bounds.most.y() : bounds.least.y(),
-                  corner & 4 ? bounds.most.z() : bounds.least.z()) -
-        center;
-    const float aside = std::fabs(QVector3D::dotProduct(to, view.right)) / view.halfWidth;
-    const float above = std::fabs(QVector3D::dotProduct(to, view.up)) / view.halfHeight;
-    const float ahead = QVector3D::dotProduct(to, view.forward);
-    distance = std::max(distance, margin * std::max(aside, above) - ahead);
-  }
-  view.eye = center - view.forward * std::max(distance, 1e-6f);
+  view.eye = -view.forward;
+  if (bounds.isEmpty()) return view;
+
+  const Span across = spanOf(bounds, view.right, view.forward, view.halfWidth / margin);
+  const Span upright = spanOf(bounds, view.up, view.forward, view.halfHeight / margin);
+  const float back = std::max({across.back, upright.back, 1e-6f * bounds.size().length()});
+  view.eye =
+      bounds.center() + view.right * across.middle + view.up * upright.middle - view.forward * back;
   return view;
 }
 
@@ -100,10 +113,8 @@ View viewOf(const Scene& scene, const Bounds& bounds, float aspect) {
   if (!camera || !camera->node) return viewOfAll(bounds, aspect);
   View view;
   const Placement placement = worldPlacement(camera->node);
-  if (!setLens(view, *camera, aspect) || !orient(view, placement))
-    return viewOfAll(bounds, aspect);
-  view.eye = placement.origin();
-  return view;
+  const bool isSound = setLens(view, *camera, aspect) && orient(view, placement);
+  return isSound ? view : viewOfAll(bounds, aspect);
 }
 
 }  // namespace kuStandalone

@@ -10,7 +10,8 @@ struct KUHOST_EXPORT View {
   // Of length 1 and at right angles.
   QVector3D right{1, 0, 0}, up{0, 1, 0}, forward{0, 0, -1};
   bool perspective = true;
-  /** Half the picture's width and height: at distance 1 in perspective, otherwise in scene units. */
+  /** Half the picture's width and height: at distance 1 in perspective, otherwise in scene units.
+   */
   float halfWidth = 1, halfHeight = 1;
   /** Distances along `forward` between which things show; the far one may be infinite. */
   float nearDistance = 0, farDistance = std::numeric_limits<float>::infinity();
@@ -25,9 +26,7 @@ struct KUHOST_EXPORT View {
   bool project(const QVector3D& point, float& x, float& y) const;
 
   /** Distance along `forward`. */
-  float depth(const QVector3D& point) const {
-    return QVector3D::dotProduct(point - eye, forward);
-  }
+  float depth(const QVector3D& point) const { return QVector3D::dotProduct(point - eye, forward); }
 };
 
 /**

@@ -1,6 +1,7 @@
 #include "standalone/rendering/VisibleScene.h"
 
 #include "standalone/gltf/GltfSource.h"
+#include "standalone/rendering/Vectors.h"
 #include "standalone/scene/SceneNode.h"
 
 namespace kuStandalone {
@@ -21,13 +22,14 @@ class Collector {
   Collector(const Scene& scene, VisibleScene& visible)
       : _source(dynamic_cast<const GltfSource*>(scene.source.get())), _visible(visible) {}
 
-  void walk(const osg::NodePtr& handle, const Placement& outer, const osg::MaterialPtr& outerGroup) {
+  void walk(const osg::NodePtr& handle, const Placement& outer,
+            const osg::MaterialPtr& outerGroup) {
     const SceneNode& node = SceneNode::of(handle);
     if (!node.active()) return;
     const Placement placement = outer * localPlacement(node);
     take(node, placement, outerGroup);
     const osg::MaterialPtr group = groupMaterial(node, outerGroup);
-    for (const osg::NodePtr& child : shownChildren(node))
+    for (const osg::NodePtr& child : ShownChildren(node))
       walk(child, placement, group);
   }
 
@@ -49,8 +51,10 @@ class Collector {
   }
 
   void takeLight(const LightCore& core, const Placement& placement) {
-    const QVector3D direction = placement.direction({0, 0, -1}).normalized();
-    _visible.lights.push_back({readLight(_source, core.light), placement.origin(), direction});
+    const QVector3D position = placement.origin();
+    const QVector3D direction = unit(placement.direction({0, 0, -1}));
+    if (isFinite(position) && !direction.isNull())
+      _visible.lights.push_back({readLight(_source, core.light), position, direction});
   }
 
   const GltfSource* _source;
@@ -70,13 +74,14 @@ Placement worldPlacement(const osg::NodePtr& node) {
   return placement;
 }
 
-std::vector<osg::NodePtr> shownChildren(const SceneNode& node) {
-  const std::vector<osg::NodePtr>& children = node.children();
-  if (!osg::SwitchPtr::dcast(node.core())) return children;
+ShownChildren::ShownChildren(const SceneNode& node)
+    : _begin(node.children().data()), _end(_begin + node.children().size()) {
+  if (!osg::SwitchPtr::dcast(node.core())) return;
   const int choice = SwitchCore::of(node.core()).choice;
-  if (choice == -2) return children;
-  if (choice < 0 || std::size_t(choice) >= children.size()) return {};
-  return {children[std::size_t(choice)]};
+  if (choice == -2) return;
+  const bool chooses = choice >= 0 && std::size_t(choice) < node.children().size();
+  if (chooses) _begin += choice;
+  _end = _begin + (chooses ? 1 : 0);
 }
 
 }  // namespace kuStandalone

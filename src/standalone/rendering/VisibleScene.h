@@ -42,7 +42,17 @@ struct KUHOST_EXPORT VisibleScene {
 /** Where a node of a tree stands in the world, whether it shows or not. */
 KUHOST_EXPORT Placement worldPlacement(const osg::NodePtr& node);
 
-/** The children of a node that its core lets show. */
-KUHOST_EXPORT std::vector<osg::NodePtr> shownChildren(const SceneNode& node);
+/** The children of a node that its core lets show, to be walked over while the node stays as it
+ * is. */
+class KUHOST_EXPORT ShownChildren {
+ public:
+  explicit ShownChildren(const SceneNode& node);
+
+  const osg::NodePtr* begin() const { return _begin; }
+  const osg::NodePtr* end() const { return _end; }
+
+ private:
+  const osg::NodePtr *_begin, *_end;
+};
 
 }  // namespace kuStandalone

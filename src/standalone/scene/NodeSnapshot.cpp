@@ -21,8 +21,8 @@ NodeSnapshot::NodeSnapshot(const osg::NodePtr& root) {
 void NodeSnapshot::takeBelow(const osg::NodePtr& handle) {
   const SceneNode& node = SceneNode::of(handle);
   const bool moved = node.transform() != Transform();
-  _nodes.push_back({handle, node.active(),
-                    moved ? std::make_unique<Transform>(node.transform()) : nullptr});
+  _nodes.push_back(
+      {handle, node.active(), moved ? std::make_unique<Transform>(node.transform()) : nullptr});
   takeCore(node.core());
   for (const osg::NodePtr& child : node.children())
     takeBelow(child);

@@ -1,6 +1,5 @@
 #include "standalone/scene/SceneSnapshot.h"
 
-
 #include "standalone/scene/MaterialSnapshot.h"
 #include "standalone/scene/NodeSnapshot.h"
 #include "standalone/scene/Scene.h"
