@@ -71,6 +71,8 @@ void describe(CLI::App& app, Invocation& invocation) {
   addListCommand(app, invocation);
   addSelectCommand(app, invocation);
   addVerifyCommand(app, invocation);
+  addCreateCommand(app, invocation);
+  addOptimizeCommand(app, invocation);
   for (CLI::App* command : app.get_subcommands({}))
     command->fallthrough();
 }

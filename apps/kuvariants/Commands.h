@@ -15,6 +15,8 @@ void addSceneCommand(CLI::App& app, Invocation& invocation);
 void addListCommand(CLI::App& app, Invocation& invocation);
 void addSelectCommand(CLI::App& app, Invocation& invocation);
 void addVerifyCommand(CLI::App& app, Invocation& invocation);
+void addCreateCommand(CLI::App& app, Invocation& invocation);
+void addOptimizeCommand(CLI::App& app, Invocation& invocation);
 
 /** The arguments SCENE and DOCUMENT. */
 void addSceneArgument(CLI::App& command, Invocation& invocation);
