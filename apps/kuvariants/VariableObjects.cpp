@@ -102,7 +102,7 @@ void warnOfDoubledState(const VariableObject& object) {
 void warnOfUnnamed(std::size_t count) {
   if (count == 0) return;
   printDiagnostic("warning: " + counted(count, "object") +
-                  " that could vary, without a name: no variant was made for " +
+                  " without a name could vary; no variant was made for " +
                   (count == 1 ? "it" : "them"));
 }
 
