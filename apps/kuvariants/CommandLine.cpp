@@ -69,9 +69,9 @@ void describe(CLI::App& app, Invocation& invocation) {
   addCommonOptions(app, invocation.common);
   addSceneCommand(app, invocation);
   addListCommand(app, invocation);
+  addCreateCommand(app, invocation);
   addSelectCommand(app, invocation);
   addVerifyCommand(app, invocation);
-  addCreateCommand(app, invocation);
   addOptimizeCommand(app, invocation);
   for (CLI::App* command : app.get_subcommands({}))
     command->fallthrough();
