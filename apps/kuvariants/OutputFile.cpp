@@ -35,6 +35,11 @@ bool writeWhole(QSaveFile& file, const std::string& content) {
   return file.flush();
 }
 
+/** By now it leads to standard error (see Output), and what stands behind that is not ours. */
+bool isStandardOutput(const std::string& path) {
+  return path == "/dev/stdout" || path == "/dev/fd/1" || path == "/proc/self/fd/1";
+}
+
 }  // namespace
 
 OutputFile::OutputFile(std::string path) : _path(std::move(path)) {}
@@ -47,6 +52,7 @@ bool OutputFile::isSpecial(const std::string& path) {
 }
 
 void OutputFile::prepare(const std::string& content) {
+  if (isStandardOutput(_path)) fail("standard output has the result alone");
   if (isSpecial(_path)) {
     if (const int error = writeDirectly(_path, content)) fail(std::strerror(error));
     return;

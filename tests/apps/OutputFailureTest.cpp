@@ -172,4 +172,12 @@ TEST_F(OutputFailureTest, ResultThatCannotBePrintedLeavesTheDocument) {
   EXPECT_EQ(run({"list", "car.gltf", "new.xml"}).code, 0);
 }
 
+TEST_F(OutputFailureTest, StandardOutputTakesNoDocumentAndStaysAsItIs) {
+  for (const char* path : {"/dev/stdout", "/dev/fd/1", "/proc/self/fd/1"}) {
+    const CliResult result = runInShell("", create + QStringList{"-o", path}, ">out");
+    expectNotWritten(result, path, "standard output has the result alone");
+    EXPECT_EQ(read("out"), "");
+  }
+}
+
 }  // namespace
