@@ -4,15 +4,14 @@
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
-#include <QApplication>
 #include <QDomDocument>
 #include <fstream>
 #include <string>
 
+#include "benchMain.h"
 #include "document/kuVariantReader.h"
 #include "host/kernel/kuController.h"
 #include "manager/kuVariants.h"
-#include "standalone/StandaloneHost.h"
 
 namespace {
 
@@ -117,18 +116,15 @@ void read(benchmark::State& state) {
       });
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
-  const kuStandalone::StandaloneHost host;
-  benchmark::Initialize(&argc, argv);
+bool registerAll() {
   // Alternating passes: each name stands once per repetition, one behind the other.
   for (int pass = 0; pass < 3; ++pass) {
     benchmark::RegisterBenchmark("setContent", bareParse)->Iterations(3);
     benchmark::RegisterBenchmark("read", read)->Iterations(3);
   }
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
+  return true;
 }
+
+}  // namespace
+
+int main(int argc, char** argv) { return benchMain(argc, argv, registerAll); }

@@ -4,19 +4,18 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QHash>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "benchMain.h"
 #include "host/kernel/kuController.h"
 #include "host/kernel/kuScenegraph.h"
 #include "host/osg/EditCP.h"
 #include "manager/kuVariants.h"
 #include "model/kuVariantSet.h"
 #include "scene/kuNodeVariant.h"
-#include "standalone/StandaloneHost.h"
 #include "standalone/scene/Cores.h"
 #include "standalone/scene/Scene.h"
 #include "standalone/scene/SceneNode.h"
@@ -192,7 +191,7 @@ void walkPerName(benchmark::State& state) {
 }
 
 /** Both sides of a ratio run behind one another on the same scene. */
-void registerAll() {
+bool registerAll() {
   for (const int nodes : {10000, 100000, 1000000}) {
     for (const int states : {10, 100, 1000, 10000}) {
       if (states > nodes / (childrenOfASwitch + 1)) continue;
@@ -203,17 +202,9 @@ void registerAll() {
       }
     }
   }
+  return true;
 }
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
-  const StandaloneHost host;
-  benchmark::Initialize(&argc, argv);
-  registerAll();
-  benchmark::RunSpecifiedBenchmarks();
-  kuController::call("clearAllVariants", 1);
-  return 0;
-}
+int main(int argc, char** argv) { return benchMain(argc, argv, registerAll); }

@@ -6,12 +6,12 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <QApplication>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <memory>
 #include <string>
 
+#include "benchMain.h"
 #include "document/kuVariantVerifier.h"
 #include "host/kernel/kuController.h"
 #include "manager/kuVariants.h"
@@ -19,7 +19,6 @@
 #include "scene/kuLightVariant.h"
 #include "scene/kuMaterialVariant.h"
 #include "scene/kuNodeVariant.h"
-#include "standalone/StandaloneHost.h"
 #include "standalone/scene/Cores.h"
 #include "standalone/scene/Materials.h"
 #include "standalone/scene/Scene.h"
@@ -166,23 +165,15 @@ void verify(benchmark::State& state) {
   perState(state, variants * setsOfAVariant);
 }
 
-void registerAll() {
+bool registerAll() {
   for (const int variants : {1000, 10000}) {
     benchmark::RegisterBenchmark("optimise", optimise)->Arg(variants)->Iterations(5);
     benchmark::RegisterBenchmark("optimiseOneSet", optimiseOneSet)->Arg(variants)->Iterations(5);
     benchmark::RegisterBenchmark("verify", verify)->Arg(variants)->Iterations(5);
   }
+  return true;
 }
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
-  const StandaloneHost host;
-  benchmark::Initialize(&argc, argv);
-  registerAll();
-  benchmark::RunSpecifiedBenchmarks();
-  kuController::call("clearAllVariants", 1);
-  return 0;
-}
+int main(int argc, char** argv) { return benchMain(argc, argv, registerAll); }

@@ -3,19 +3,17 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QDomDocument>
 #include <cstdlib>
 #include <iostream>
 #include <vector>
 
+#include "benchMain.h"
 #include "document/kuVariantWriter.h"
-#include "host/kernel/kuController.h"
 #include "host/utils/QKuDomDocumentWriter.h"
 #include "manager/kuVariants.h"
 #include "model/kuVariantSet.h"
 #include "scene/kuNodeVariant.h"
-#include "standalone/StandaloneHost.h"
 
 namespace {
 
@@ -201,24 +199,20 @@ bool isSame() {
   return kuVariantWriter().write() == QKuDomDocumentWriter::toString(buildBare()).toUtf8();
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QApplication application(argc, argv);
-  const kuStandalone::StandaloneHost host;
-  benchmark::Initialize(&argc, argv);
+bool prepare() {
   fillManager();
   if (!isSame()) {
     std::cerr << "The bare building does not make the document that is written.\n";
-    return EXIT_FAILURE;
+    return false;
   }
   // Alternating passes: each name stands once per repetition, one behind the other.
   for (int pass = 0; pass < 5; ++pass) {
     benchmark::RegisterBenchmark("toByteArray", bareWrite)->Iterations(2);
     benchmark::RegisterBenchmark("write", write)->Iterations(2);
   }
-  benchmark::RunSpecifiedBenchmarks();
-  kuController::call("clearAllVariants", 1);
-  return EXIT_SUCCESS;
+  return true;
 }
+
+}  // namespace
+
+int main(int argc, char** argv) { return benchMain(argc, argv, prepare); }

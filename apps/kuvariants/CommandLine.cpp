@@ -69,9 +69,11 @@ void describe(CLI::App& app, Invocation& invocation) {
   addCommonOptions(app, invocation.common);
   addSceneCommand(app, invocation);
   addListCommand(app, invocation);
+  addCreateCommand(app, invocation);
   addSelectCommand(app, invocation);
   addRenderCommand(app, invocation);
   addVerifyCommand(app, invocation);
+  addOptimizeCommand(app, invocation);
   for (CLI::App* command : app.get_subcommands({}))
     command->fallthrough();
 }

@@ -13,9 +13,11 @@ class Option;
 /** Each command enters itself, and sets Invocation::run when it is the one that was chosen. */
 void addSceneCommand(CLI::App& app, Invocation& invocation);
 void addListCommand(CLI::App& app, Invocation& invocation);
+void addCreateCommand(CLI::App& app, Invocation& invocation);
 void addSelectCommand(CLI::App& app, Invocation& invocation);
 void addRenderCommand(CLI::App& app, Invocation& invocation);
 void addVerifyCommand(CLI::App& app, Invocation& invocation);
+void addOptimizeCommand(CLI::App& app, Invocation& invocation);
 
 /** The arguments SCENE and DOCUMENT. */
 void addSceneArgument(CLI::App& command, Invocation& invocation);

@@ -38,11 +38,17 @@ std::vector<NamedFile> filesOf(const Invocation& invocation) {
   return files;
 }
 
+/** The path without links and dots, as far as it exists. */
+fs::path resolved(const std::string& path) {
+  std::error_code error;
+  const fs::path absolute = fs::absolute(path, error);
+  const fs::path canonical = fs::weakly_canonical(absolute, error);
+  return error ? absolute : canonical;
+}
+
 bool isSame(const std::string& a, const std::string& b) {
   std::error_code error;
-  if (fs::equivalent(a, b, error)) return true;
-  const fs::path first = fs::weakly_canonical(a, error), second = fs::weakly_canonical(b, error);
-  return !error && first == second;
+  return fs::equivalent(a, b, error) || resolved(a) == resolved(b);
 }
 
 bool clash(const NamedFile& a, const NamedFile& b) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Kinds.h"
+#include "Page.h"
 #include "Text.h"
 #include "manager/kuVariants.h"
 #include "model/kuVariant.h"
@@ -10,42 +11,6 @@
 #include "model/kuVariantSet.h"
 
 namespace {
-
-constexpr int width = 80;
-constexpr int labelWidth = 12;
-
-/** Items joined by ", ", broken to lines of the page's width behind an indentation. */
-std::string wrapped(const std::vector<std::string>& items, int indent) {
-  std::string text;
-  int column = indent;
-  for (std::size_t i = 0; i < items.size(); ++i) {
-    const bool last = i + 1 == items.size();
-    const int length = QString::fromStdString(items[i]).size() + (last ? 0 : 1);
-    if (i > 0 && column + 1 + length > width) {
-      text += '\n' + std::string(static_cast<std::size_t>(indent), ' ');
-      column = indent;
-    } else if (i > 0) {
-      text += ' ';
-      ++column;
-    }
-    text += items[i] + (last ? "" : ",");
-    column += length;
-  }
-  return text + '\n';
-}
-
-/** "    label       items". Nothing where there are no items. */
-std::string field(const std::string& label, const std::vector<std::string>& items) {
-  if (items.empty()) return {};
-  const int indent = 4 + labelWidth;
-  std::string lead = "    " + label;
-  lead.resize(static_cast<std::size_t>(indent), ' ');
-  return lead + wrapped(items, indent);
-}
-
-std::string field(const std::string& label, const QString& text) {
-  return text.isEmpty() ? std::string() : field(label, {escaped(text)});
-}
 
 template <class List>
 std::vector<std::string> names(const List& list) {
@@ -153,11 +118,6 @@ std::string variantText(const Kind& kind, const kuVariant& variant) {
   for (const kuVariantOption& option : variant.getOptions())
     options.push_back(optionText(option));
   return text + field("options", options);
-}
-
-/** A heading and what stands below it; nothing where that is empty. */
-std::string section(const std::string& heading, const std::string& content) {
-  return content.empty() ? std::string() : heading + '\n' + content + '\n';
 }
 
 }  // namespace

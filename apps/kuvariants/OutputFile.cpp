@@ -23,6 +23,23 @@ int writeDirectly(const std::string& path, const std::string& content) {
   return error ? error : closed;
 }
 
+/** Goes on after a part was written: only the next attempt tells why there is no more room. */
+bool writeWhole(QSaveFile& file, const std::string& content) {
+  qint64 written = 0;
+  const qint64 size = static_cast<qint64>(content.size());
+  while (written < size) {
+    const qint64 count = file.write(content.data() + written, size - written);
+    if (count <= 0) return false;
+    written += count;
+  }
+  return file.flush();
+}
+
+/** By now it leads to standard error (see Output), and what stands behind that is not ours. */
+bool isStandardOutput(const std::string& path) {
+  return path == "/dev/stdout" || path == "/dev/fd/1" || path == "/proc/self/fd/1";
+}
+
 }  // namespace
 
 OutputFile::OutputFile(std::string path) : _path(std::move(path)) {}
@@ -39,14 +56,13 @@ void OutputFile::check(const std::string& path) {
 }
 
 void OutputFile::prepare(const std::string& content) {
+  if (isStandardOutput(_path)) fail("standard output has the result alone");
   if (isSpecial(_path)) {
     if (const int error = writeDirectly(_path, content)) fail(std::strerror(error));
     return;
   }
   _file = std::make_unique<QSaveFile>(QFile::decodeName(_path.c_str()));
-  const qint64 size = static_cast<qint64>(content.size());
-  if (!_file->open(QIODevice::WriteOnly) || _file->write(content.data(), size) != size ||
-      !_file->flush()) {
+  if (!_file->open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeWhole(*_file, content)) {
     fail(_file->errorString().toStdString());
   }
 }

@@ -50,6 +50,19 @@ INSTANTIATE_TEST_SUITE_P(
         WrongLine{"VariantOfUnknownKind", select + QStringList{"--variant", "roof:Roof=Open"},
                   "select: --variant: KIND is node, material, transform, light or overlay: "
                   "roof:Roof=Open"},
+        WrongLine{"CreateWithoutOutput", {"create", "car.gltf"}, "create: -o is required"},
+        WrongLine{"CreateIntoNoName",
+                  {"create", "car.gltf", "-o", ""},
+                  "create: the name of a file is empty"},
+        WrongLine{"CreateWithDocument",
+                  {"create", "car.gltf", "car.xml", "-o", "new.xml"},
+                  "create: The following argument was not expected: car.xml"},
+        WrongLine{"OptimizeWithoutOutput",
+                  {"optimize", "car.gltf", "car.xml"},
+                  "optimize: -o or --dry-run is required"},
+        WrongLine{"OptimizeWithoutDocument",
+                  {"optimize", "car.gltf", "-o", "new.xml"},
+                  "optimize: DOCUMENT is required"},
         WrongLine{"TraceWithoutFile",
                   {"scene", "car.gltf", "--trace"},
                   "scene: --trace: 1 required FILE missing"},
@@ -66,14 +79,14 @@ TEST_F(CommandLineTest, HelpNamesTheCommandsAndTheExitCodes) {
   const CliResult result = run({"--help"});
   EXPECT_EQ(result.code, 0);
   EXPECT_EQ(result.err, "");
-  for (const char* word :
-       {"scene", "list", "select", "--json", "--trace", "--allow-scripts", "130 interrupted"}) {
+  for (const char* word : {"scene", "list", "select", "create", "optimize", "--json", "--trace",
+                           "--allow-scripts", "130 interrupted"}) {
     EXPECT_THAT(result.out, HasSubstr(word));
   }
 }
 
 TEST_F(CommandLineTest, HelpOfEachCommandHasAnExample) {
-  for (const char* command : {"scene", "list", "select"}) {
+  for (const char* command : {"scene", "list", "select", "create", "optimize"}) {
     const CliResult result = run({command, "--help"});
     EXPECT_EQ(result.code, 0);
     EXPECT_THAT(result.out, HasSubstr(std::string("\n  kuvariants ") + command + " car.gltf"));
@@ -83,11 +96,54 @@ TEST_F(CommandLineTest, HelpOfEachCommandHasAnExample) {
 TEST_F(CommandLineTest, HelpFitsATerminalOf80Columns) {
   for (const QStringList& arguments :
        {QStringList{"--help"}, QStringList{"scene", "--help"}, QStringList{"list", "--help"},
-        QStringList{"select", "-h"}}) {
+        QStringList{"select", "-h"}, QStringList{"create", "-h"}, QStringList{"optimize", "-h"}}) {
     for (const std::string& line : linesOf(run(arguments).out))
       EXPECT_LE(line.size(), 80u) << line;
   }
 }
+
+struct Clash {
+  const char* name;
+  QStringList arguments;
+  const char* error;
+};
+
+class ClashTest : public CliTest, public ::testing::WithParamInterface<Clash> {};
+
+TEST_P(ClashTest, OneFileForTwoThingsIsRefusedAndStays) {
+  const std::string scene = read("car.gltf"), document = read("car.xml");
+  const QStringList before = files();
+  const CliResult result = run(GetParam().arguments);
+  EXPECT_EQ(result.code, 2);
+  EXPECT_EQ(result.out, "");
+  EXPECT_EQ(result.err, std::string("kuvariants: wrong command line: ") + GetParam().error + "\n");
+  EXPECT_EQ(files(), before);
+  EXPECT_EQ(read("car.gltf"), scene);
+  EXPECT_EQ(read("car.xml"), document);
+}
+
+const QStringList selectSummer = select + QStringList{"Summer"};
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, ClashTest,
+    ::testing::Values(
+        Clash{"DocumentOverScene",
+              {"create", "car.gltf", "-o", "car.gltf"},
+              "car.gltf: is named for both SCENE and -o"},
+        Clash{"DocumentOverSceneByAnotherPath",
+              {"create", "car.gltf", "-o", "./car.gltf"},
+              "./car.gltf: is named for both SCENE and -o"},
+        Clash{"DocumentAndTrace",
+              {"create", "car.gltf", "-o", "new.xml", "--trace", "./new.xml"},
+              "./new.xml: is named for both -o and --trace"},
+        Clash{"SceneOverDocument", selectSummer + QStringList{"--save-scene", "car.xml"},
+              "car.xml: is named for both DOCUMENT and --save-scene"},
+        Clash{"TraceOverDocument", selectSummer + QStringList{"--trace", "car.xml"},
+              "car.xml: is named for both DOCUMENT and --trace"},
+        Clash{"TraceAndSavedScene",
+              selectSummer + QStringList{"--save-scene", "new.gltf", "--trace", "new.gltf"},
+              "new.gltf: is named for both --save-scene and --trace"}),
+    [](const auto& test) { return test.param.name; });
 
 TEST_F(CommandLineTest, VersionIsThatOfTheProject) {
   const CliResult result = run({"--version"});

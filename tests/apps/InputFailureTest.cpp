@@ -108,6 +108,20 @@ TEST_P(InterruptTest, EndsWith128PlusTheSignalAndLeavesNoFiles) {
   EXPECT_EQ(files(), before);
 }
 
+TEST_P(InterruptTest, LeavesTheFormerDocument) {
+  ASSERT_EQ(mkfifo(folder.filePath("pipe.xml").toUtf8().constData(), 0600), 0);
+  const std::string former = read("car.xml");
+  const QStringList before = files();
+  QProcess process;
+  start(process, {"optimize", "car.gltf", "pipe.xml", "-o", "car.xml"});
+  const int writer = open(folder.filePath("pipe.xml").toUtf8().constData(), O_WRONLY);
+  kill(static_cast<pid_t>(process.processId()), GetParam());
+  EXPECT_EQ(finish(process).code, 128 + GetParam());
+  close(writer);
+  EXPECT_EQ(read("car.xml"), former);
+  EXPECT_EQ(files(), before);
+}
+
 INSTANTIATE_TEST_SUITE_P(Signals, InterruptTest, ::testing::Values(SIGINT, SIGTERM, SIGHUP));
 
 }  // namespace

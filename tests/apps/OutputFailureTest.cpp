@@ -12,6 +12,8 @@ namespace {
 
 const QStringList select = {"select", "car.gltf", "car.xml", "Summer"};
 
+const QStringList create = {"create", "car.gltf"};
+
 class OutputFailureTest : public CliTest {
  protected:
   void expectNotWritten(const CliResult& result, const char* where, const char* reason) {
@@ -21,6 +23,11 @@ class OutputFailureTest : public CliTest {
     EXPECT_THAT(result.err,
                 AllOf(StartsWith(std::string("kuvariants: cannot write: ") + where + ": "),
                       EndsWith(std::string(reason) + "\n")));
+  }
+  void expectNoDocument(const char* where, const char* reason) {
+    const QStringList before = files();
+    expectNotWritten(run(create + QStringList{"-o", where}), where, reason);
+    EXPECT_EQ(files(), before);
   }
   void expectNotWritten(const QStringList& option, const char* where, const char* reason) {
     const QStringList before = files();
@@ -129,9 +136,48 @@ TEST_F(OutputFailureTest, SceneThatDoesNotFitLeavesTheFormerOneAndNoTrace) {
   expectNotWritten(
       runInShell("ulimit -f 5",
                  select + QStringList{"--save-scene", "saved.gltf", "--trace", "trace.jsonl"}, ""),
-      "saved.gltf", "");
+      "saved.gltf", "File too large");
   EXPECT_EQ(read("saved.gltf"), "former\n");
   EXPECT_EQ(files(), before);
+}
+
+TEST_F(OutputFailureTest, DocumentThatCannotBePlaced) {
+  expectNoDocument("none/new.xml", "No such file or directory");
+  expectNoDocument("car.xml/new.xml", "Not a directory");
+  expectNoDocument(".", "directory");
+}
+
+TEST_F(OutputFailureTest, DocumentThatDoesNotFitLeavesTheFormerOneAndNoTrace) {
+  const std::string former = read("car.xml");
+  const QStringList before = files();
+  // Room for the trace and not for the document.
+  expectNotWritten(runInShell("ulimit -f 2",
+                              create + QStringList{"-o", "car.xml", "--trace", "trace.jsonl"}, ""),
+                   "car.xml", "File too large");
+  EXPECT_EQ(read("car.xml"), former);
+  EXPECT_EQ(files(), before);
+}
+
+TEST_F(OutputFailureTest, TraceThatDoesNotFitLeavesNoDocument) {
+  const QStringList before = files();
+  expectNotWritten(runInShell("ulimit -f 0",
+                              create + QStringList{"-o", "new.xml", "--trace", "trace.jsonl"}, ""),
+                   "trace.jsonl", "File too large");
+  EXPECT_EQ(files(), before);
+}
+
+TEST_F(OutputFailureTest, ResultThatCannotBePrintedLeavesTheDocument) {
+  expectNotWritten(runInShell("", create + QStringList{"-o", "new.xml"}, ">/dev/full"),
+                   "standard output", "No space left on device");
+  EXPECT_EQ(run({"list", "car.gltf", "new.xml"}).code, 0);
+}
+
+TEST_F(OutputFailureTest, StandardOutputTakesNoDocumentAndStaysAsItIs) {
+  for (const char* path : {"/dev/stdout", "/dev/fd/1", "/proc/self/fd/1"}) {
+    const CliResult result = runInShell("", create + QStringList{"-o", path}, ">out");
+    expectNotWritten(result, path, "standard output has the result alone");
+    EXPECT_EQ(read("out"), "");
+  }
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "CliTest.h"
+#include "FaultyDocument.h"
 
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
@@ -18,15 +19,6 @@ constexpr const char* cleanReport =
 
 constexpr const char* cleanSummary =
     "no errors; checked: 1 set, 1 node variant, 1 material variant\n";
-
-/** One name is misspelt. */
-constexpr const char* faultyDocument =
-    R"(<Variants><VariantSet name="S"><NodeVariantRef ref="Roff" state="Open"/></VariantSet>
-  <NodeVariant name="Roof" base="Roof"><State name="Open"/></NodeVariant></Variants>)";
-
-constexpr const char* faultyReport =
-    "Error,VariantSet,S,Roff,,node variant not found\n"
-    "Info,NodeVariant,Roof,Roof,,valid\n";
 
 class VerifyCommandTest : public CliTest {
  protected:

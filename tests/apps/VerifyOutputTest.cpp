@@ -7,19 +7,11 @@
 #include <csignal>
 
 #include "CliTest.h"
+#include "FaultyDocument.h"
 
 using ::testing::HasSubstr;
 
 namespace {
-
-/** One error; all names are ASCII. */
-constexpr const char* faultyDocument =
-    R"(<Variants><VariantSet name="S"><NodeVariantRef ref="Roff" state="Open"/></VariantSet>
-  <NodeVariant name="Roof" base="Roof"><State name="Open"/></NodeVariant></Variants>)";
-
-constexpr const char* faultyReport =
-    "Error,VariantSet,S,Roff,,node variant not found\n"
-    "Info,NodeVariant,Roof,Roof,,valid\n";
 
 class VerifyOutputTest : public CliTest {
  protected:

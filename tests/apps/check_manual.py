@@ -54,8 +54,7 @@ def compare(what, told, written, faults):
 def check_commands(executable, overview, page, faults):
     sections = sections_of(page["COMMANDS"], "SS")
     by_name = {heading.split()[0]: text for heading, text in sections.items()}
-    faults += [f"the page lacks the command {name}"
-               for name in commands_of(overview) if name not in by_name]
+    compare("the command", set(commands_of(overview)), set(by_name), faults)
     for name in set(commands_of(overview)) & set(by_name):
         told = options_of(help_of(executable, name)) - {"-h", "--help"}
         compare(f"for {name} the option", told, page_options(by_name[name]), faults)

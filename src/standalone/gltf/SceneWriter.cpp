@@ -13,6 +13,17 @@
 namespace kuStandalone {
 namespace {
 
+/** Goes on after a part was written: only the next attempt tells why there is no more room. */
+bool writeWhole(QSaveFile& file, const QByteArray& bytes) {
+  int written = 0;
+  while (written < bytes.size()) {
+    const qint64 count = file.write(bytes.constData() + written, bytes.size() - written);
+    if (count <= 0) return false;
+    written += int(count);
+  }
+  return true;
+}
+
 /** Writes all bytes or leaves what stands there. Answers the reason of a failure. */
 QString writeFile(const QString& path, const QByteArray& bytes) {
   const QFileInfo present(path);
@@ -21,9 +32,8 @@ QString writeFile(const QString& path, const QByteArray& bytes) {
   if (present.exists() && !present.isFile()) return "is no regular file";
   QSaveFile file(path);
   file.setDirectWriteFallback(false);
-  if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()) {
-    return {};
-  }
+  const bool opened = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+  if (opened && writeWhole(file, bytes) && file.commit()) return {};
   return file.errorString();
 }
 

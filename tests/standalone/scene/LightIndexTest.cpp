@@ -3,6 +3,7 @@
 #include <random>
 
 #include "standalone/scene/SceneNode.h"
+#include "standalone/scene/SceneWalk.h"
 #include "support/SceneTest.h"
 
 using kuStandalone::GroupCore;
@@ -15,19 +16,6 @@ using ::testing::IsEmpty;
 namespace {
 
 using Nodes = std::vector<SceneNode*>;
-
-/** All nodes below one, itself included, in the order of a depth-first walk. */
-void walk(SceneNode& node, Nodes& nodes) {
-  nodes.push_back(&node);
-  for (const osg::NodePtr& child : node.children())
-    walk(SceneNode::of(child), nodes);
-}
-
-Nodes allNodes() {
-  Nodes nodes;
-  walk(SceneNode::of(Scene::the().nodes.root), nodes);
-  return nodes;
-}
 
 Nodes walkedLights() {
   Nodes lights;

@@ -3,6 +3,7 @@
 #include <random>
 
 #include "standalone/scene/SceneNode.h"
+#include "standalone/scene/SceneWalk.h"
 #include "support/SceneTest.h"
 
 using kuStandalone::NameIndex;
@@ -12,19 +13,6 @@ using kuStandalone::SceneNode;
 namespace {
 
 using Nodes = std::vector<SceneNode*>;
-
-/** All nodes below one, itself included, in the order of a depth-first walk. */
-void walk(SceneNode& node, Nodes& nodes) {
-  nodes.push_back(&node);
-  for (const osg::NodePtr& child : node.children())
-    walk(SceneNode::of(child), nodes);
-}
-
-Nodes allNodes() {
-  Nodes nodes;
-  walk(SceneNode::of(Scene::the().nodes.root), nodes);
-  return nodes;
-}
 
 Nodes linearSearch(const std::string& name) {
   Nodes found;
