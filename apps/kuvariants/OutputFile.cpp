@@ -23,6 +23,18 @@ int writeDirectly(const std::string& path, const std::string& content) {
   return error ? error : closed;
 }
 
+/** What does not fit may be written in part, without a reason; the rest then tells it. */
+bool writeWhole(QSaveFile& file, const std::string& content) {
+  qint64 written = 0;
+  while (written < static_cast<qint64>(content.size())) {
+    const qint64 count =
+        file.write(content.data() + written, static_cast<qint64>(content.size()) - written);
+    if (count <= 0) return false;
+    written += count;
+  }
+  return file.flush();
+}
+
 }  // namespace
 
 OutputFile::OutputFile(std::string path) : _path(std::move(path)) {}
@@ -44,9 +56,7 @@ void OutputFile::prepare(const std::string& content) {
     return;
   }
   _file = std::make_unique<QSaveFile>(QFile::decodeName(_path.c_str()));
-  const qint64 size = static_cast<qint64>(content.size());
-  if (!_file->open(QIODevice::WriteOnly) || _file->write(content.data(), size) != size ||
-      !_file->flush()) {
+  if (!_file->open(QIODevice::WriteOnly) || !writeWhole(*_file, content)) {
     fail(_file->errorString().toStdString());
   }
 }

@@ -77,7 +77,7 @@ void addSetOption(CLI::App& command, RenderOptions& options) {
   command
       .add_option_function<std::vector<std::string>>(
           "--set", read, "Render these sets, in this order, and no others")
-      ->type_name("NAME...")
+      ->type_name("NAME")
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
