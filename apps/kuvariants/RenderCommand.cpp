@@ -114,7 +114,7 @@ void addArguments(CLI::App& command, RenderOptions& options, Invocation& invocat
 
 void addRenderCommand(CLI::App& app, Invocation& invocation) {
   CLI::App* command =
-      app.add_subcommand("render", "Take a picture of every set, with a page that shows them");
+      app.add_subcommand("render", "Take a picture of every set, with a page of all");
   const auto options = std::make_shared<RenderOptions>();
   addArguments(*command, *options, invocation);
   command->footer(
