@@ -77,7 +77,7 @@ void addSetOption(CLI::App& command, RenderOptions& options) {
   command
       .add_option_function<std::vector<std::string>>(
           "--set", read, "Render these sets, in this order, and no others")
-      ->type_name("NAME...")
+      ->type_name("NAME")
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
@@ -114,7 +114,7 @@ void addArguments(CLI::App& command, RenderOptions& options, Invocation& invocat
 
 void addRenderCommand(CLI::App& app, Invocation& invocation) {
   CLI::App* command =
-      app.add_subcommand("render", "Take a picture of every set, with a page that shows them");
+      app.add_subcommand("render", "Take a picture of every set, with a page of all");
   const auto options = std::make_shared<RenderOptions>();
   addArguments(*command, *options, invocation);
   command->footer(

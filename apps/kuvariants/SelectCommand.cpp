@@ -91,7 +91,7 @@ void addSelectCommand(CLI::App& app, Invocation& invocation) {
   command->footer(
       "Examples:\n"
       "  kuvariants select car.gltf car.xml Summer \"Roof open\" --save-scene open.glb\n"
-      "  kuvariants select car.gltf car.xml Summer --picture summer.png --size 1920x1080\n"
+      "  kuvariants select car.gltf car.xml Summer --picture summer.png --size 640x480\n"
       "  kuvariants select car.gltf car.xml --variant material:Paint=Red");
   command->callback([&invocation, options] {
     checkTogether(*options);

@@ -79,14 +79,14 @@ TEST_F(CommandLineTest, HelpNamesTheCommandsAndTheExitCodes) {
   const CliResult result = run({"--help"});
   EXPECT_EQ(result.code, 0);
   EXPECT_EQ(result.err, "");
-  for (const char* word : {"scene", "list", "select", "create", "optimize", "--json", "--trace",
-                           "--allow-scripts", "130 interrupted"}) {
+  for (const char* word : {"scene", "list", "select", "create", "optimize", "render", "--json",
+                           "--trace", "--allow-scripts", "130 interrupted"}) {
     EXPECT_THAT(result.out, HasSubstr(word));
   }
 }
 
 TEST_F(CommandLineTest, HelpOfEachCommandHasAnExample) {
-  for (const char* command : {"scene", "list", "select", "create", "optimize"}) {
+  for (const char* command : {"scene", "list", "select", "create", "optimize", "render"}) {
     const CliResult result = run({command, "--help"});
     EXPECT_EQ(result.code, 0);
     EXPECT_THAT(result.out, HasSubstr(std::string("\n  kuvariants ") + command + " car.gltf"));
@@ -96,7 +96,8 @@ TEST_F(CommandLineTest, HelpOfEachCommandHasAnExample) {
 TEST_F(CommandLineTest, HelpFitsATerminalOf80Columns) {
   for (const QStringList& arguments :
        {QStringList{"--help"}, QStringList{"scene", "--help"}, QStringList{"list", "--help"},
-        QStringList{"select", "-h"}, QStringList{"create", "-h"}, QStringList{"optimize", "-h"}}) {
+        QStringList{"select", "-h"}, QStringList{"create", "-h"}, QStringList{"optimize", "-h"},
+        QStringList{"render", "--help"}}) {
     for (const std::string& line : linesOf(run(arguments).out))
       EXPECT_LE(line.size(), 80u) << line;
   }
