@@ -145,8 +145,8 @@ TEST_F(ClippingPictureTest, AContourOfAnAbsurdWidthIsDrawn) {
 
 TEST_F(ClippingPictureTest, ThePartOfTheContourBehindSomethingIsNotDrawn) {
   // Seen along +x: the wall is turned by 45 degrees about the line in which it is cut.
-  const int lens = camera(
-      R"("type":"orthographic","orthographic":{"xmag":1,"ymag":1,"znear":0.01,"zfar":100})");
+  const int lens =
+      camera(R"("type":"orthographic","orthographic":{"xmag":1,"ymag":1,"znear":0.01,"zfar":100})");
   node(R"("name":"Camera","rotation":[0,-0.70710678,0,0.70710678],"translation":[-5,0,0],)"
        R"("camera":)" +
        QByteArray::number(lens));
@@ -184,8 +184,8 @@ TEST_F(ClippingPictureTest, ThePlaneLiesOverWhatIsBehindInItsColor) {
   const QRgb seenThrough = picture(1).pixel(0, 0);
   const QVector3D red = toneMapped({1, 0, 0});
   const QVector3D mixed = red * 0.78f + QVector3D(0, 0, 1) * 0.22f;
-  EXPECT_TRUE(isNear(seenThrough,
-                     qRgb(srgbByte(mixed.x()), srgbByte(mixed.y()), srgbByte(mixed.z()))));
+  EXPECT_TRUE(
+      isNear(seenThrough, qRgb(srgbByte(mixed.x()), srgbByte(mixed.y()), srgbByte(mixed.z()))));
   clipping.showPlane = false;
   EXPECT_EQ(seen(1), "r\n");
 }

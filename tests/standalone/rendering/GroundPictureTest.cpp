@@ -25,8 +25,8 @@ class GroundPictureTest : public PictureTest {
   }
   int floor(float half, const QByteArray& more = {}) {
     return shown("Floor", mesh(quad(-half, -half, half, half), unlit(0, 1, 0)),
-                 R"("rotation":[-0.70710678,0,0,0.70710678])" + QByteArray(more.isEmpty() ? "" : ",") +
-                     more);
+                 R"("rotation":[-0.70710678,0,0,0.70710678])" +
+                     QByteArray(more.isEmpty() ? "" : ",") + more);
   }
   static double brightness(const QImage& picture, int x, int y) {
     return level(picture.pixel(x, y));
@@ -99,8 +99,8 @@ TEST_F(GroundPictureTest, AFlatThingAloneStandsOnAGround) {
 }
 
 TEST_F(GroundPictureTest, TheGroundIsNotSeenFromBelow) {
-  const int lens = camera(
-      R"("type":"orthographic","orthographic":{"xmag":2,"ymag":2,"znear":0.01,"zfar":100})");
+  const int lens =
+      camera(R"("type":"orthographic","orthographic":{"xmag":2,"ymag":2,"znear":0.01,"zfar":100})");
   node(R"("name":"Camera","rotation":[0.70710678,0,0,0.70710678],"translation":[0,-5,0],)"
        R"("camera":)" +
        QByteArray::number(lens));

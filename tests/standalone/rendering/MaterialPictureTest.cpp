@@ -40,8 +40,8 @@ class MaterialPictureTest : public PictureTest {
   void lampOff() { LightCore::of(find("Lamp")->getCore()).on = false; }
   /** What the lamp adds on a surface whose normal map says that. */
   double lit(const QImage& normal, const QByteArray& place = {}) {
-    const QImage on = of(grey() + R"(,"normalTexture":{"index":)" + number(texture(normal)) + "}",
-                         place);
+    const QImage on =
+        of(grey() + R"(,"normalTexture":{"index":)" + number(texture(normal)) + "}", place);
     lampOff();
     return level(on.pixel(0, 0)) - level(picture(2, 2, 16).pixel(0, 0));
   }
@@ -58,9 +58,9 @@ TEST_F(MaterialPictureTest, EmissiveLightIsAdded) {
   const int strong = material(
       grey() + R"(,"emissiveFactor":[0.05,0.05,0.05],)"
                R"("extensions":{"KHR_materials_emissive_strength":{"emissiveStrength":3}})");
-  const int textured = material(grey() + R"(,"emissiveFactor":[0.1,0.1,0.1],)" +
-                                R"("emissiveTexture":{"index":)" +
-                                number(texture(pixel(188, 188, 188))) + "}");
+  const int textured =
+      material(grey() + R"(,"emissiveFactor":[0.1,0.1,0.1],)" + R"("emissiveTexture":{"index":)" +
+               number(texture(pixel(188, 188, 188))) + "}");
   std::vector<double> levels;
   for (const int look : {plain, bright, strong, textured})
     shown(("Quad" + std::to_string(look)).c_str(), mesh(quad(-1, -1, 1, 1), look),
@@ -164,8 +164,7 @@ TEST_F(MaterialPictureTest, OcclusionTakesLightFromAllAroundByItsStrength) {
 }
 
 TEST_F(MaterialPictureTest, OcclusionLeavesTheLampsAlone) {
-  const QImage on = of(grey() + R"(,"occlusionTexture":{"index":)" +
-                       number(texture(pixel(0, 0, 0))) + "}");
+  const QImage on =
+      of(grey() + R"(,"occlusionTexture":{"index":)" + number(texture(pixel(0, 0, 0))) + "}");
   EXPECT_NEAR(level(on.pixel(0, 0)), scattered(std::sqrt(0.5)), 0.008);
 }
-

@@ -18,8 +18,7 @@ class RendererTest : public PictureTest {
     const int shared = mesh(quad(-1, -1, 0, 1), paint);
     shown("First", shared);
     shown("Second", shared, R"("translation":[0.4,0.2,-1])");
-    node(R"("name":"Choice","extras":{"switch":-2})",
-         {shown("Third", mesh(quad(0, -1, 1, 1), 1))});
+    node(R"("name":"Choice","extras":{"switch":-2})", {shown("Third", mesh(quad(0, -1, 1, 1), 1))});
     load();
   }
   static PictureSettings settings(int width, int height, int samples, unsigned threads) {

@@ -158,8 +158,8 @@ TEST_F(TexturePictureTest, VertexColorsBlendBetweenTheVertices) {
 TEST_F(TexturePictureTest, AMaskCutsOutWhatIsBelowItsCutoff) {
   const int look = texture(imageOf(2, 1, {0x64FF0000, 0xC8FF0000}));
   shown("Mask", mesh(quad(-1, 0, 1, 1, 1), textured(look, {}, R"("alphaMode":"MASK")")));
-  shown("Low", mesh(quad(-1, -1, 1, 0, 1),
-                    textured(look, {}, R"("alphaMode":"MASK","alphaCutoff":0.3)")));
+  shown("Low",
+        mesh(quad(-1, -1, 1, 0, 1), textured(look, {}, R"("alphaMode":"MASK","alphaCutoff":0.3)")));
   shown("Behind", mesh(quad(-1, -1, 1, 1), unlit(0, 0, 1)));
   load();
   EXPECT_EQ(text(picture(2), letters), "br\nrr\n");
