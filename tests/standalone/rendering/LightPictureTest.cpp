@@ -163,3 +163,12 @@ TEST_F(LightPictureTest, WhatIsBehindAPointLightThrowsNoShadow) {
   lamp(R"("type":"point","intensity":8)", R"("translation":[0,0,2])");
   EXPECT_NEAR(added(9)[4][4], scattered(8) / 4, 0.006);
 }
+
+TEST_F(LightPictureTest, ASpotFadesBetweenItsCones) {
+  lamp(R"("type":"spot","intensity":8,"spot":{"innerConeAngle":0,"outerConeAngle":0.463648})",
+       R"("translation":[0,0,2])");
+  // The middle of the pixel, and the cosine there.
+  const double squared = 0.625 * 0.625 + 0.125 * 0.125 + 4, cosine = 2 / std::sqrt(squared);
+  const double edge = std::cos(0.463648), share = (cosine - edge) / (1 - edge);
+  EXPECT_NEAR(added(8, 32)[4][6], scattered(8) / squared * cosine * share * share, 0.01);
+}
