@@ -174,7 +174,8 @@ class MeshReader {
       const QVector3D flat = along[at] - normal * QVector3D::dotProduct(normal, along[at]);
       const QVector3D tangent = unit(flat, across(normal));
       const float side = QVector3D::dotProduct(QVector3D::crossProduct(normal, tangent), aside[at]);
-      _mesh.tangents.emplace_back(tangent, side < 0 ? -1.0f : 1.0f);
+      // A normal map's second axis points up in its picture, against the coordinate.
+      _mesh.tangents.emplace_back(tangent, side > 0 ? -1.0f : 1.0f);
     }
   }
 

@@ -25,7 +25,8 @@ struct Mesh {
   std::vector<QVector3D> positions;
   /** Of length 1. */
   std::vector<QVector3D> normals;
-  /** Direction of the first texture coordinate, of length 1, and in w the side of the second. */
+  /** Direction of the first texture coordinate, of length 1, and in w the side to which pictures
+   * point up, against the second one: 1 where that is normal x tangent, otherwise -1. */
   std::vector<QVector4D> tangents;
   std::array<std::vector<QVector2D>, 2> texcoords;
   /** Linear colours and opacity. */

@@ -7,9 +7,10 @@
 namespace kuStandalone {
 
 /**
- * Evenly spread numbers from 0 to below 1 for the samples of a pixel: an additive recurrence in
- * eight dimensions (the generalised golden ratio, Roberts 2018), shifted for each pixel. The same
- * pixel and sample give the same numbers, whoever asks and when.
+ * Evenly spread numbers from 0 to below 1 for the samples of a pixel: in each of eight dimensions
+ * the multiples of an irrational number, shifted for each pixel. The numbers are chosen so that the
+ * pairs of dimensions 0 and 1, 2 and 3, and so on fill the square evenly after few samples. The
+ * same pixel and sample give the same numbers, whoever asks and when.
  */
 class Sampler {
  public:
@@ -25,24 +26,15 @@ class Sampler {
   float at(std::size_t dimension) const {
     const double shift =
         double(hash(_pixel * dimensions + std::uint32_t(dimension))) / 4294967296.0;
-    const double value = shift + double(_sample + 1) * steps()[dimension];
+    const double value = shift + double(_sample + 1) * steps[dimension];
     return std::fmin(float(value - std::floor(value)), 0.99999994f);
   }
 
  private:
-  static const std::array<double, dimensions>& steps() {
-    static const std::array<double, dimensions> made = [] {
-      double root = 1.0;  // of x^9 = x + 1
-      for (int i = 0; i < 50; ++i)
-        root = std::pow(1 + root, 1.0 / (dimensions + 1));
-      std::array<double, dimensions> list{};
-      double power = 1;
-      for (double& step : list)
-        step = power /= root;
-      return list;
-    }();
-    return made;
-  }
+  // Broken parts of the square roots of 13, 31, 5, 59, 11, 71, 37 and 41.
+  static constexpr std::array<double, dimensions> steps{
+      0.605551275463989, 0.567764362830022, 0.236067977499790, 0.681145747868608,
+      0.316624790355400, 0.426149773176359, 0.082762530298220, 0.403124237432849};
 
   /** Mixes the bits of a number (a finaliser by multiplication and shifts). */
   static std::uint32_t hash(std::uint32_t x) {

@@ -48,8 +48,8 @@ TEST_F(CameraPictureTest, PixelsInsideATriangleAreRedAndPixelsOutsideAreBackdrop
   int red = 0, backdrop = 0;
   for (int y = 0; y < 24; ++y) {
     for (int x = 0; x < 24; ++x) {
-      const int corners = isInside(x, y) + isInside(x + 1, y) + isInside(x, y + 1) +
-                          isInside(x + 1, y + 1);
+      const int corners =
+          isInside(x, y) + isInside(x + 1, y) + isInside(x, y + 1) + isInside(x + 1, y + 1);
       if (corners == 4) {
         EXPECT_TRUE(isNear(seen.pixel(x, y), asShown({1, 0, 0}))) << x << ' ' << y;
         ++red;
@@ -88,8 +88,7 @@ TEST_F(CameraPictureTest, TheCamerasHeightFillsThePictureWhateverItsOwnAspect) {
   lookFrom(5, perspective(R"("znear":0.01,"aspectRatio":3)"));
   load();
   EXPECT_EQ(text(picture(8, 4), letters), "........\n...rr...\n...rr...\n........\n");
-  EXPECT_EQ(text(picture(4, 8), letters),
-            "....\n....\nrrrr\nrrrr\nrrrr\nrrrr\n....\n....\n");
+  EXPECT_EQ(text(picture(4, 8), letters), "....\n....\nrrrr\nrrrr\nrrrr\nrrrr\n....\n....\n");
 }
 
 TEST_F(CameraPictureTest, WhatIsBeforeTheNearPlaneDoesNotShow) {
@@ -132,8 +131,8 @@ TEST_F(CameraPictureTest, ACameraMovesWithTheNodesAboveIt) {
   redSquare(0.5f);
   const int lens = camera(R"("type":"orthographic","orthographic":{"xmag":1,"ymag":1,"znear":0.1,)"
                           R"("zfar":9})");
-  const int inner = node(R"("name":"Camera","translation":[0.5,0,5],"camera":)" +
-                         QByteArray::number(lens));
+  const int inner =
+      node(R"("name":"Camera","translation":[0.5,0,5],"camera":)" + QByteArray::number(lens));
   node(R"("name":"Crane","translation":[0,0.5,0])", {inner});
   load();
   EXPECT_EQ(text(picture(4), letters), "....\n....\nrr..\nrr..\n");
@@ -154,8 +153,9 @@ TEST_F(CameraPictureTest, WithoutACameraTheWholeSceneFillsThePicture) {
     float x, y, z;
     int width, height;
   };
-  for (const Row& row : {Row{1, 1, 1, 48, 48}, Row{9, 0.5f, 0.5f, 64, 24}, Row{0.1f, 6, 0.1f, 24, 48},
-                         Row{1, 1, 1, 24, 48}, Row{1e-4f, 1e-4f, 1e-4f, 48, 48}}) {
+  for (const Row& row :
+       {Row{1, 1, 1, 48, 48}, Row{9, 0.5f, 0.5f, 64, 24}, Row{0.1f, 6, 0.1f, 24, 48},
+        Row{1, 1, 1, 24, 48}, Row{1e-4f, 1e-4f, 1e-4f, 48, 48}}) {
     Bounds bounds;
     bounds.least = {3, -2, 1};
     bounds.most = bounds.least + QVector3D(row.x, row.y, row.z);

@@ -75,8 +75,8 @@ int PictureTest::mesh(const Shape& shape, int material) {
   QByteArray attributes;
   const auto add = [&](const char* name, const auto& list, const char* kind) {
     if (list.empty()) return;
-    attributes += QByteArray(attributes.isEmpty() ? "\"" : ",\"") + name + "\":" +
-                  QByteArray::number(accessor(bytesOf(list), int(list.size()), 5126, kind));
+    attributes += QByteArray(attributes.isEmpty() ? "\"" : ",\"") + name +
+                  "\":" + QByteArray::number(accessor(bytesOf(list), int(list.size()), 5126, kind));
   };
   add("POSITION", shape.positions, "VEC3");
   add("NORMAL", shape.normals, "VEC3");
@@ -84,12 +84,12 @@ int PictureTest::mesh(const Shape& shape, int material) {
   add("TEXCOORD_0", shape.texcoords, "VEC2");
   add("TEXCOORD_1", shape.secondTexcoords, "VEC2");
   add("COLOR_0", shape.colors, "VEC4");
-  QByteArray json = R"({"attributes":{)" + attributes + R"(},"mode":)" +
-                    QByteArray::number(shape.mode);
+  QByteArray json =
+      R"({"attributes":{)" + attributes + R"(},"mode":)" + QByteArray::number(shape.mode);
   if (!shape.indices.empty())
-    json += R"(,"indices":)" + QByteArray::number(accessor(bytesOf(shape.indices),
-                                                           int(shape.indices.size()), 5125,
-                                                           "SCALAR"));
+    json +=
+        R"(,"indices":)" + QByteArray::number(accessor(bytesOf(shape.indices),
+                                                       int(shape.indices.size()), 5125, "SCALAR"));
   if (material >= 0) json += R"(,"material":)" + QByteArray::number(material);
   return append(_meshes, R"("primitives":[)" + json + "}]");
 }
@@ -104,8 +104,8 @@ int PictureTest::unlit(const QVector4D& color, const QByteArray& more) {
 }
 
 int PictureTest::image(const QByteArray& bytes, const char* type) {
-  return append(_images, R"("bufferView":)" + QByteArray::number(view(bytes)) +
-                             R"(,"mimeType":")" + type + "\"");
+  return append(_images, R"("bufferView":)" + QByteArray::number(view(bytes)) + R"(,"mimeType":")" +
+                             type + "\"");
 }
 
 int PictureTest::textureOf(int image, const QByteArray& sampler) {
@@ -142,8 +142,8 @@ int PictureTest::shown(const char* name, int mesh, const QByteArray& more) {
 }
 
 void PictureTest::lookStraight() {
-  const int lens = camera(
-      R"("type":"orthographic","orthographic":{"xmag":1,"ymag":1,"znear":0.01,"zfar":100})");
+  const int lens =
+      camera(R"("type":"orthographic","orthographic":{"xmag":1,"ymag":1,"znear":0.01,"zfar":100})");
   node(R"("name":"Camera","translation":[0,0,5],"camera":)" + QByteArray::number(lens));
 }
 

@@ -32,9 +32,7 @@ class VisibilityPictureTest : public PictureTest {
   std::string seen() {
     return text(picture(2), {{'r', {1, 0, 0}}, {'g', {0, 1, 0}}, {'b', {0, 0, 1}}});
   }
-  static SwitchCore& switchCore(const char* name) {
-    return SwitchCore::of(find(name)->getCore());
-  }
+  static SwitchCore& switchCore(const char* name) { return SwitchCore::of(find(name)->getCore()); }
 
   int red, green, blue;
 };
@@ -75,7 +73,8 @@ TEST_F(VisibilityPictureTest, ASwitchShowsItsChoiceAllOrNone) {
 }
 
 TEST_F(VisibilityPictureTest, AChosenChildThatIsHiddenIsGone) {
-  node(R"("name":"Choice","extras":{"switch":0})", {topLeft("A", red, hidden), topRight("B", green)});
+  node(R"("name":"Choice","extras":{"switch":0})",
+       {topLeft("A", red, hidden), topRight("B", green)});
   load();
   EXPECT_EQ(seen(), "..\n..\n");
 }
@@ -164,8 +163,9 @@ TEST_F(VisibilityPictureTest, TheNearestMaterialGroupThatIsNotIgnoredCounts) {
 }
 
 TEST_F(VisibilityPictureTest, AMaterialGroupWithoutAMaterialIsPassedOver) {
-  node(R"("name":"Outer","extras":{"materialGroup":{"material":)" + QByteArray::number(green) + "}}",
-       {node(R"("name":"Inner","extras":{"materialGroup":{}})", {topLeft("Leaf", red)})});
+  node(
+      R"("name":"Outer","extras":{"materialGroup":{"material":)" + QByteArray::number(green) + "}}",
+      {node(R"("name":"Inner","extras":{"materialGroup":{}})", {topLeft("Leaf", red)})});
   load();
   EXPECT_EQ(seen(), "g.\n..\n");
 }
@@ -186,11 +186,12 @@ TEST_F(VisibilityPictureTest, ASwitchMaterialLooksLikeItsChoice) {
 }
 
 TEST_F(VisibilityPictureTest, SwitchMaterialsInsideOneAnotherShowTheInnermostChoice) {
-  const QByteArray inner = QByteArray::number(
-      material(R"("extras":{"switch":{"materials":[0,2],"choice":1}})"));
-  const int outer = material(R"("extras":{"switch":{"materials":[1,)" + inner + R"(],"choice":1}})");
-  const QByteArray none = QByteArray::number(
-      material(R"("extras":{"switch":{"materials":[0],"choice":7}})"));
+  const QByteArray inner =
+      QByteArray::number(material(R"("extras":{"switch":{"materials":[0,2],"choice":1}})"));
+  const int outer =
+      material(R"("extras":{"switch":{"materials":[1,)" + inner + R"(],"choice":1}})");
+  const QByteArray none =
+      QByteArray::number(material(R"("extras":{"switch":{"materials":[0],"choice":7}})"));
   const int lost = material(R"("extras":{"switch":{"materials":[)" + none + "]}}");
   topLeft("Body", outer);
   topRight("Lost", lost);
