@@ -11,8 +11,8 @@ using Vector = osg::Vector<float, 3>;
 /** Writes the children of a set's element, in the order in which it is asked for them. */
 class SetElement {
  public:
-  SetElement(QDomDocument& document, QDomElement element)
-      : _document(document), _element(std::move(element)) {}
+  SetElement(QDomDocument& document, const QDomElement& element)
+      : _document(document), _element(element) {}
 
   QDomElement append(const QString& tag) {
     QDomElement child = _document.createElement(tag);

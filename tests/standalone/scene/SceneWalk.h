@@ -6,8 +6,7 @@
 #include "standalone/scene/SceneNode.h"
 
 /** A node and all below it, in the order of a depth-first walk. */
-inline void walkNodes(kuStandalone::SceneNode& node,
-                      std::vector<kuStandalone::SceneNode*>& nodes) {
+inline void walkNodes(kuStandalone::SceneNode& node, std::vector<kuStandalone::SceneNode*>& nodes) {
   nodes.push_back(&node);
   for (const osg::NodePtr& child : node.children())
     walkNodes(kuStandalone::SceneNode::of(child), nodes);
