@@ -343,7 +343,7 @@ def make_cameras(gltf):
     return [view("Front View", lens, (6.2, 2.1, 4.6), (0.1, 0.6, 0.0)),
             view("Side View", lens, (0.0, 1.3, 7.6), (0.0, 0.65, 0.0)),
             view("Rear View", lens, (-6.0, 2.0, -4.4), (0.0, 0.6, 0.0)),
-            view("Cockpit", wide, (-0.9, 1.25, 0.0), (1.0, 0.85, 0.0))]
+            view("Cockpit", wide, (-2.7, 1.85, -3.4), (0.2, 0.5, -0.1))]
 
 
 def looking(eye, target):

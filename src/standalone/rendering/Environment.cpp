@@ -8,6 +8,7 @@ namespace kuStandalone {
 
 namespace {
 
+constexpr float pi = 3.14159265f;
 constexpr float floorLevel = 0.3f, horizonLevel = 0.5f, skyLevel = 0.72f, mainLevel = 1.8f;
 
 float smooth(float from, float to, float x) {
@@ -26,8 +27,11 @@ float around(float height) {
                     : horizonLevel + (skyLevel - horizonLevel) * smooth(0, 0.8f, height);
 }
 
+/** Cosines between which the main light fades. */
+constexpr float mainRim = 0.82f, mainCore = 0.97f;
+
 /** The main light, by the cosine to its direction. */
-float mainLight(float cosine) { return mainLevel * smooth(0.82f, 0.97f, cosine); }
+float mainShine(float cosine) { return mainLevel * smooth(mainRim, mainCore, cosine); }
 
 /** How much of a ring of directions about an axis a surface receives: the mean of the cosine to its
  * normal where that is above 0. Both angles are told by their cosines to the axis. */
@@ -73,11 +77,28 @@ class Received {
 
 QVector3D Environment::radiance(const QVector3D& direction) {
   return QVector3D(1, 1, 1) *
-         (around(direction.y()) + mainLight(QVector3D::dotProduct(direction, mainDirection())));
+         (around(direction.y()) + mainShine(QVector3D::dotProduct(direction, mainDirection())));
+}
+
+QVector3D Environment::sky(const QVector3D& direction) {
+  return QVector3D(1, 1, 1) * around(direction.y());
+}
+
+// Evenly over the cap that the light fills, so that each stands for the same piece of it.
+Environment::MainLight Environment::mainLight(float u, float v) {
+  const QVector3D& axis = mainDirection();
+  static const QVector3D side = QVector3D::crossProduct(axis, {0, 0, 1}).normalized();
+  static const QVector3D rise = QVector3D::crossProduct(side, axis);
+  const float cosine = 1 - u * (1 - mainRim);
+  const float sine = std::sqrt(std::max(1 - cosine * cosine, 0.0f));
+  const float angle = 2 * pi * v;
+  const float piece = 2 * pi * (1 - mainRim);
+  return {axis * cosine + (side * std::cos(angle) + rise * std::sin(angle)) * sine,
+          QVector3D(1, 1, 1) * (mainShine(cosine) * piece)};
 }
 
 QVector3D Environment::diffuse(const QVector3D& normal) {
-  static const Received fromAround(around), fromMain(mainLight);
+  static const Received fromAround(around), fromMain(mainShine);
   return QVector3D(1, 1, 1) *
          (fromAround.at(normal.y()) + fromMain.at(QVector3D::dotProduct(normal, mainDirection())));
 }

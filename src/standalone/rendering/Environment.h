@@ -15,6 +15,18 @@ namespace Environment {
 /** Light from a direction of length 1. */
 KUHOST_EXPORT QVector3D radiance(const QVector3D& direction);
 
+/** The same without the main light. */
+KUHOST_EXPORT QVector3D sky(const QVector3D& direction);
+
+/** A direction to the main light, and the light that is to be counted for it. */
+struct MainLight {
+  QVector3D direction;
+  QVector3D light;
+};
+
+/** One of the directions to the main light; u and v in [0, 1). Their mean is the light of all. */
+KUHOST_EXPORT MainLight mainLight(float u, float v);
+
 /** Light that a surface with that normal receives from all around, divided by pi. */
 KUHOST_EXPORT QVector3D diffuse(const QVector3D& normal);
 

@@ -10,6 +10,7 @@ namespace kuStandalone {
 namespace {
 
 constexpr float infinity = std::numeric_limits<float>::infinity();
+constexpr float pi = 3.14159265f;
 constexpr int mostLayers = 32;
 /** What shows through with less than this is left out. */
 constexpr float leastRest = 0.01f;
@@ -141,12 +142,12 @@ QVector3D PathTracer::direct(const SurfacePoint& point, const Reflectance& refle
 
 /** The light that comes from a direction after at most one more surface, or several that light
  * passes through. */
-QVector3D PathTracer::bounced(Ray ray) const {
+QVector3D PathTracer::bounced(Ray ray, QVector3D (*sky)(const QVector3D&)) const {
   QVector3D light;
   float rest = 1;
   for (int layer = 0; layer < mostLayers && rest >= leastRest; ++layer) {
     const std::optional<Met> met = meet(ray);
-    if (!met) return light + Environment::radiance(ray.direction) * rest;
+    if (!met) return light + sky(ray.direction) * rest;
     const SurfacePoint point = surfacePoint(met->hit, met->ray);
     light += sentOn(point, -ray.direction) * (rest * point.opacity);
     rest *= 1 - point.opacity;
@@ -169,18 +170,31 @@ QVector3D PathTracer::shade(const SurfacePoint& point, const QVector3D& toEye,
                             const Sampler& random) const {
   if (point.surface->unlit) return point.baseColor;
   const Reflectance reflectance(point, toEye);
-  QVector3D light = point.emissive + direct(point, reflectance);
+  return point.emissive + direct(point, reflectance) + scattered(point, reflectance, random) +
+         mirrored(point, reflectance, random);
+}
 
-  if (!reflectance.diffuseColor().isNull()) {
-    const QVector3D direction = reflectance.scatter(random.at(2), random.at(3));
-    light +=
-        reflectance.diffuseColor() * point.occlusion * bounced(leaving(point, direction, infinity));
-  }
+/** What of the light from all around a surface scatters. The main light is sought by itself: it
+ * fills a small part of the directions only, which chance seldom hits. */
+QVector3D PathTracer::scattered(const SurfacePoint& point, const Reflectance& reflectance,
+                                const Sampler& random) const {
+  if (reflectance.diffuseColor().isNull()) return {};
+  const QVector3D direction = reflectance.scatter(random.at(2), random.at(3));
+  QVector3D light = bounced(leaving(point, direction, infinity), Environment::sky);
+  const Environment::MainLight main = Environment::mainLight(random.at(6), random.at(7));
+  const float cosine = dot(point.normal, main.direction);
+  if (cosine > 0 && dot(point.geometricNormal, main.direction) > 0)
+    light += main.light * (cosine / pi * passing(leaving(point, main.direction, infinity)));
+  return reflectance.diffuseColor() * point.occlusion * light;
+}
+
+QVector3D PathTracer::mirrored(const SurfacePoint& point, const Reflectance& reflectance,
+                               const Sampler& random) const {
   QVector3D share;
   const QVector3D direction = reflectance.reflect(random.at(4), random.at(5), share);
-  if (!share.isNull())
-    light += limited(share * point.occlusion * bounced(leaving(point, direction, infinity)));
-  return light;
+  if (share.isNull()) return {};
+  const QVector3D light = bounced(leaving(point, direction, infinity), Environment::radiance);
+  return limited(share * point.occlusion * light);
 }
 
 std::optional<float> PathTracer::groundDistance(const Ray& ray) const {
@@ -203,10 +217,13 @@ float PathTracer::groundShadow(const QVector3D& position, const Sampler& random)
   const QVector3D direction = flat.scatter(random.at(2), random.at(3));
   float whole = level(Environment::diffuse(point.normal));
   float lost =
-      (1 - passing(leaving(point, direction, infinity))) * level(Environment::radiance(direction));
+      (1 - passing(leaving(point, direction, infinity))) * level(Environment::sky(direction));
+  const Environment::MainLight main = Environment::mainLight(random.at(6), random.at(7));
+  lost += level(main.light) * std::max(main.direction.y(), 0.0f) / pi *
+          (1 - passing(leaving(point, main.direction, infinity)));
   for (const VisibleLight& lamp : _scene.lights) {
     const Arriving light = arriving(lamp, position);
-    const float amount = level(light.light) * std::max(light.direction.y(), 0.0f) / 3.14159265f;
+    const float amount = level(light.light) * std::max(light.direction.y(), 0.0f) / pi;
     if (amount <= 0) continue;
     const float farthest = std::isinf(light.distance) ? infinity : light.distance - 2 * _offset;
     whole += amount;

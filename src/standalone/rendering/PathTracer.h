@@ -53,7 +53,12 @@ class KUHOST_EXPORT PathTracer {
 
   QVector3D shade(const SurfacePoint& point, const QVector3D& toEye, const Sampler& random) const;
   QVector3D direct(const SurfacePoint& point, const Reflectance& reflectance) const;
-  QVector3D bounced(Ray ray) const;
+  QVector3D scattered(const SurfacePoint& point, const Reflectance& reflectance,
+                      const Sampler& random) const;
+  QVector3D mirrored(const SurfacePoint& point, const Reflectance& reflectance,
+                     const Sampler& random) const;
+  /** @param sky gives the light from a direction in which there is nothing. */
+  QVector3D bounced(Ray ray, QVector3D (*sky)(const QVector3D&)) const;
   QVector3D sentOn(const SurfacePoint& point, const QVector3D& toEye) const;
   /** Lays the clipping plane's pane over what lies behind it. */
   void addPane(const Ray& ray, float behind, QVector3D& picture, float& rest) const;
