@@ -147,6 +147,27 @@ TEST(Environment, DiffuseLightIsTheIntegralOfItsRadiance) {
   }
 }
 
+TEST(Environment, TheSkyAndTheMainLightAreAllOfItsLight) {
+  for (const QVector3D& axis : {QVector3D(0, 1, 0), QVector3D(1, 0, 0), QVector3D(0, -1, 0),
+                                QVector3D(-0.45f, 0.8f, 0.55f), QVector3D(0.3f, -0.2f, -0.9f)}) {
+    SurfacePoint point;
+    point.normal = point.geometricNormal = axis.normalized();
+    const Reflectance surface(point, point.normal);
+    constexpr std::uint32_t samples = 4096;
+    double sum = 0;
+    for (std::uint32_t at = 0; at < samples; ++at) {
+      const Sampler random(1, at);
+      sum += double(Environment::sky(surface.scatter(random.at(2), random.at(3))).x());
+      const Environment::MainLight main = Environment::mainLight(random.at(6), random.at(7));
+      EXPECT_NEAR(double(main.direction.length()), 1, 1e-5);
+      const float cosine = std::max(QVector3D::dotProduct(main.direction, point.normal), 0.0f);
+      sum += double(main.light.x() * cosine) / 3.14159265358979;
+    }
+    const double whole = double(Environment::diffuse(point.normal).x());
+    EXPECT_NEAR(sum / samples, whole, 0.02 * whole);
+  }
+}
+
 TEST(Reflectance, HardlyMoreLightLeavesThanComes) {
   for (const float metallic : {0.0f, 0.5f, 1.0f}) {
     for (const float roughness : {0.0f, 0.3f, 0.6f, 1.0f}) {
