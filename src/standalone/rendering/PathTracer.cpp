@@ -82,8 +82,9 @@ Ray PathTracer::cut(const Ray& ray) const { return _scene.cut ? _scene.cut->outs
 
 /** Whether the ray goes through: an opening, or the back of what has only a front. What is cut open
  * shows its inside. */
-bool PathTracer::isHole(const Coverage& coverage, const Surface& surface) const {
-  return coverage.opacity <= 0 || (coverage.isBack && !surface.doubleSided && !_scene.cut);
+bool PathTracer::isHole(const RayHit& hit, const Ray& ray) const {
+  const bool hasBack = hit.instance->surface->doubleSided || _scene.cut;
+  return (!hasBack && isBack(hit, ray)) || opacityAt(hit) <= 0;
 }
 
 std::optional<PathTracer::Met> PathTracer::meet(Ray ray) const {
@@ -92,8 +93,7 @@ std::optional<PathTracer::Met> PathTracer::meet(Ray ray) const {
   for (int layer = 0; layer < mostLayers; ++layer) {
     const std::optional<RayHit> hit = _scene.geometry->intersect(ray);
     if (!hit) return std::nullopt;
-    const Coverage coverage = coverageOf(*hit, ray);
-    if (!isHole(coverage, *hit->instance->surface)) return Met{*hit, ray};
+    if (!isHole(*hit, ray)) return Met{*hit, ray};
     ray.nearest = past(hit->distance);
   }
   return std::nullopt;
@@ -121,7 +121,7 @@ float PathTracer::passing(Ray ray) const {
   for (int layer = 0; layer < mostLayers && share > 0.005f; ++layer) {
     const std::optional<RayHit> hit = _scene.geometry->intersect(ray);
     if (!hit) return share;
-    share *= 1 - coverageOf(*hit, ray).opacity;
+    share *= 1 - opacityAt(*hit);
     ray.nearest = past(hit->distance);
   }
   return share > 0.005f ? share : 0;

@@ -44,7 +44,7 @@ class KUHOST_EXPORT PathTracer {
   struct Met;
 
   std::optional<Met> meet(Ray ray) const;
-  bool isHole(const Coverage& coverage, const Surface& surface) const;
+  bool isHole(const RayHit& hit, const Ray& ray) const;
   Ray cut(const Ray& ray) const;
   Ray leaving(const SurfacePoint& point, const QVector3D& direction, float farthest) const;
   float passing(Ray ray) const;

@@ -1,6 +1,9 @@
 #include "standalone/rendering/Placement.h"
 
+#include <algorithm>
 #include <cmath>
+
+#include "standalone/rendering/Vectors.h"
 
 namespace kuStandalone {
 
@@ -66,20 +69,28 @@ QVector3D Placement::direction(const QVector3D& d) const {
           float(_m[8] * x + _m[9] * y + _m[10] * z)};
 }
 
-// The cofactor matrix: the inverse transpose times the determinant, whose sign it keeps.
 QVector3D Placement::normal(const QVector3D& n) const {
-  const double x = double(n.x()), y = double(n.y()), z = double(n.z());
+  const std::array<float, 9> r = normalRows();
+  return unit({r[0] * n.x() + r[1] * n.y() + r[2] * n.z(),
+               r[3] * n.x() + r[4] * n.y() + r[5] * n.z(),
+               r[6] * n.x() + r[7] * n.y() + r[8] * n.z()});
+}
+
+// The cofactors are the inverse transpose times the determinant, whose sign they are freed of.
+std::array<float, 9> Placement::normalRows() const {
   const auto& m = _m;
-  const double nx = (m[5] * m[10] - m[6] * m[9]) * x + (m[6] * m[8] - m[4] * m[10]) * y +
-                    (m[4] * m[9] - m[5] * m[8]) * z;
-  const double ny = (m[2] * m[9] - m[1] * m[10]) * x + (m[0] * m[10] - m[2] * m[8]) * y +
-                    (m[1] * m[8] - m[0] * m[9]) * z;
-  const double nz = (m[1] * m[6] - m[2] * m[5]) * x + (m[2] * m[4] - m[0] * m[6]) * y +
-                    (m[0] * m[5] - m[1] * m[4]) * z;
-  const double sign = determinant() < 0 ? -1 : 1;
-  const double length = std::sqrt(nx * nx + ny * ny + nz * nz);
-  const double scale = length > 0 ? sign / length : 0;
-  return {float(nx * scale), float(ny * scale), float(nz * scale)};
+  const std::array<double, 9> cofactors{
+      m[5] * m[10] - m[6] * m[9], m[6] * m[8] - m[4] * m[10], m[4] * m[9] - m[5] * m[8],
+      m[2] * m[9] - m[1] * m[10], m[0] * m[10] - m[2] * m[8], m[1] * m[8] - m[0] * m[9],
+      m[1] * m[6] - m[2] * m[5],  m[2] * m[4] - m[0] * m[6],  m[0] * m[5] - m[1] * m[4]};
+  double size = 0;
+  for (const double number : cofactors)
+    size = std::max(size, std::fabs(number));
+  const double scale = size > 0 ? (determinant() < 0 ? -1 : 1) / size : 0;
+  std::array<float, 9> rows{};
+  for (std::size_t at = 0; at < rows.size(); ++at)
+    rows[at] = float(cofactors[at] * scale);
+  return rows;
 }
 
 double Placement::determinant() const {

@@ -35,6 +35,9 @@ class KUHOST_EXPORT Placement {
   /** The three rows of the upper 3x4 matrix, row by row, for the ray tracer. */
   std::array<float, 12> rows() const;
 
+  /** What takes normals along, row by row: the inverse transpose at some positive length. */
+  std::array<float, 9> normalRows() const;
+
   bool operator==(const Placement& other) const { return _m == other._m; }
   bool operator!=(const Placement& other) const { return !(*this == other); }
 

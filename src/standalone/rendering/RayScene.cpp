@@ -175,6 +175,7 @@ bool RayScene::place(const VisibleGeometry& geometry, const BuiltMesh& mesh) {
 void RayScene::move(unsigned index, const Placement& placement, const Bounds& bounds) {
   MeshInstance& instance = _instances[index];
   instance.placement = placement;
+  instance.normalRows = placement.normalRows();
   instance.bounds = Bounds();
   for (int corner = 0; corner < 8; ++corner)
     instance.bounds.add(placement.point(bounds.corner(corner)));
@@ -238,8 +239,9 @@ std::optional<RayHit> RayScene::intersect(const Ray& ray) const {
   query.hit.geomID = query.hit.instID[0] = RTC_INVALID_GEOMETRY_ID;
   rtcIntersect1(_top, &context, &query);
   if (query.hit.geomID == RTC_INVALID_GEOMETRY_ID) return std::nullopt;
-  return RayHit{query.ray.tfar, &_instances[query.hit.instID[0]], query.hit.primID, query.hit.u,
-                query.hit.v};
+  const RTCHit& hit = query.hit;
+  return RayHit{query.ray.tfar, &_instances[hit.instID[0]],    hit.primID, hit.u,
+                hit.v,          {hit.Ng_x, hit.Ng_y, hit.Ng_z}};
 }
 
 bool RayScene::occluded(const Ray& ray) const {

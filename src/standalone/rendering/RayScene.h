@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QVector3D>
+#include <array>
 #include <map>
 #include <memory>
 #include <optional>
@@ -35,11 +36,20 @@ struct MeshInstance {
   std::uint32_t node = 0;
   std::shared_ptr<const Mesh> mesh;
   Placement placement;
+  /** The placement's normalRows(). */
+  std::array<float, 9> normalRows{1, 0, 0, 0, 1, 0, 0, 0, 1};
   /** Null for a switch material that shows none: then it is not to be seen, and neither is what
    * lies beyond the numbers of the ray tracer. */
   std::shared_ptr<const Surface> surface;
   Bounds bounds;
   bool shown = false;
+
+  /** A normal of the mesh in the world, of any length. */
+  QVector3D worldNormal(const QVector3D& n) const {
+    const auto& r = normalRows;
+    return {r[0] * n.x() + r[1] * n.y() + r[2] * n.z(), r[3] * n.x() + r[4] * n.y() + r[5] * n.z(),
+            r[6] * n.x() + r[7] * n.y() + r[8] * n.z()};
+  }
 };
 
 /** Where a ray met a triangle. */
@@ -49,6 +59,8 @@ struct RayHit {
   std::uint32_t triangle;
   /** Weights of the triangle's second and third vertex. */
   float u, v;
+  /** Of the triangle, in the mesh's own space and of any length. */
+  QVector3D faceNormal;
 };
 
 /**

@@ -24,12 +24,6 @@ class Corner {
     return list[_triangle[0]] * (1 - _u - _v) + list[_triangle[1]] * _u + list[_triangle[2]] * _v;
   }
 
-  QVector3D faceNormal() const {
-    const auto& p = _mesh.positions;
-    return QVector3D::crossProduct(p[_triangle[1]] - p[_triangle[0]],
-                                   p[_triangle[2]] - p[_triangle[0]]);
-  }
-
   QVector4D color() const {
     return _mesh.colors.empty() ? QVector4D(1, 1, 1, 1) : blend(_mesh.colors);
   }
@@ -84,13 +78,15 @@ QVector3D bent(const Corner& corner, const Surface& surface, const Placement& pl
 
 }  // namespace
 
-Coverage coverageOf(const RayHit& hit, const Ray& ray) {
-  const Corner corner(hit);
+bool isBack(const RayHit& hit, const Ray& ray) {
+  const QVector3D normal = hit.instance->worldNormal(hit.faceNormal);
+  return QVector3D::dotProduct(normal, ray.direction) > 0;
+}
+
+float opacityAt(const RayHit& hit) {
   const Surface& surface = *hit.instance->surface;
-  const QVector3D normal = hit.instance->placement.normal(corner.faceNormal());
-  const float opacity =
-      surface.alpha == Surface::Alpha::Opaque ? 1 : opacityOf(baseColor(corner, surface), surface);
-  return {opacity, QVector3D::dotProduct(normal, ray.direction) > 0};
+  if (surface.alpha == Surface::Alpha::Opaque) return 1;
+  return opacityOf(baseColor(Corner(hit), surface), surface);
 }
 
 SurfacePoint surfacePoint(const RayHit& hit, const Ray& ray) {
@@ -101,8 +97,8 @@ SurfacePoint surfacePoint(const RayHit& hit, const Ray& ray) {
   point.surface = &surface;
   // From the triangle and not along the ray: that is as exact however far the eye is.
   point.position = placement.point(corner.blend(corner.mesh().positions));
-  point.geometricNormal = placement.normal(corner.faceNormal());
-  point.normal = placement.normal(corner.blend(corner.mesh().normals));
+  point.geometricNormal = unit(hit.instance->worldNormal(hit.faceNormal));
+  point.normal = unit(hit.instance->worldNormal(corner.blend(corner.mesh().normals)));
   if (point.normal.isNull()) point.normal = point.geometricNormal;
   point.normal = bent(corner, surface, placement, point.normal);
   point.isBack = QVector3D::dotProduct(point.geometricNormal, ray.direction) > 0;

@@ -20,13 +20,13 @@ struct SurfacePoint {
   const Surface* surface = nullptr;
 };
 
-/** The opacity alone, and whether the back was met: what decides whether a ray goes on. */
-struct Coverage {
-  float opacity;
-  bool isBack;
-};
+// What decides whether a ray goes on, without the rest.
 
-KUHOST_EXPORT Coverage coverageOf(const RayHit& hit, const Ray& ray);
+/** Whether the ray met the back of the triangle. */
+KUHOST_EXPORT bool isBack(const RayHit& hit, const Ray& ray);
+/** Opacity from 0 to 1. */
+KUHOST_EXPORT float opacityAt(const RayHit& hit);
+
 KUHOST_EXPORT SurfacePoint surfacePoint(const RayHit& hit, const Ray& ray);
 
 }  // namespace kuStandalone
