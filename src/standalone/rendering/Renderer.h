@@ -16,7 +16,7 @@ struct PictureSettings {
   /** In pixels, from 1 to 16384. */
   int width = 264, height = 256;
   /** Rays through each pixel, from 1: more make edges cleaner and soft light smoother. */
-  int samples = 48;
+  int samples = 24;
   /** Threads that work on it; 0 for as many as the machine has. The picture is the same. */
   unsigned threads = 0;
 };
