@@ -32,7 +32,7 @@ inline QVector3D toneMapped(QVector3D color) {
 inline unsigned char srgbByte(float linear) {
   const float c = std::min(std::max(0.0f, linear), 1.0f);
   const float encoded = c <= 0.0031308f ? 12.92f * c : 1.055f * std::pow(c, 1 / 2.4f) - 0.055f;
-  return static_cast<unsigned char>(encoded * 255 + 0.5f);
+  return static_cast<unsigned char>(std::lround(encoded * 255));
 }
 
 }  // namespace kuStandalone
