@@ -33,7 +33,8 @@ std::unique_ptr<Scene> sample() {
 /** The scene as one flat list of triangles in the bare ray tracer. */
 class BareScene {
  public:
-  explicit BareScene(const RayScene& scene) : _device(rtcNewDevice(nullptr)), _scene(rtcNewScene(_device)) {
+  explicit BareScene(const RayScene& scene)
+      : _device(rtcNewDevice(nullptr)), _scene(rtcNewScene(_device)) {
     for (const MeshInstance& instance : scene.instances()) {
       if (instance.shown) add(instance);
     }
@@ -63,9 +64,8 @@ class BareScene {
       *vertices++ = p.z();
     }
     const auto& list = instance.mesh->triangles;
-    auto* indices = static_cast<Triangle*>(
-        rtcSetNewGeometryBuffer(triangles, RTC_BUFFER_TYPE_INDEX, 0, RTC_FORMAT_UINT3,
-                                sizeof(Triangle), list.size()));
+    auto* indices = static_cast<Triangle*>(rtcSetNewGeometryBuffer(
+        triangles, RTC_BUFFER_TYPE_INDEX, 0, RTC_FORMAT_UINT3, sizeof(Triangle), list.size()));
     std::copy(list.begin(), list.end(), indices);
     rtcCommitGeometry(triangles);
     rtcAttachGeometry(mesh, triangles);
@@ -121,9 +121,18 @@ void bareRays(benchmark::State& state) {
       RTCIntersectContext context;
       rtcInitIntersectContext(&context);
       RTCRayHit query{};
-      query.ray = {ray.origin.x(),    ray.origin.y(),    ray.origin.z(),    ray.nearest,
-                   ray.direction.x(), ray.direction.y(), ray.direction.z(), 0,
-                   ray.farthest,      ~0U,               0,                 0};
+      query.ray = {ray.origin.x(),
+                   ray.origin.y(),
+                   ray.origin.z(),
+                   ray.nearest,
+                   ray.direction.x(),
+                   ray.direction.y(),
+                   ray.direction.z(),
+                   0,
+                   ray.farthest,
+                   ~0U,
+                   0,
+                   0};
       query.hit.geomID = query.hit.instID[0] = RTC_INVALID_GEOMETRY_ID;
       rtcIntersect1(bare.get(), &context, &query);
       hits += query.hit.geomID != RTC_INVALID_GEOMETRY_ID;

@@ -7,6 +7,7 @@
 #include "CommandLine.h"
 #include "Failure.h"
 #include "OutputFile.h"
+#include "standalone/scene/Scene.h"
 
 namespace fs = std::filesystem;
 
@@ -57,6 +58,16 @@ bool clash(const NamedFile& a, const NamedFile& b) {
   return a.content != b.content && isSame(a.path, b.path) && !OutputFile::isSpecial(b.path);
 }
 
+[[noreturn]] void refuse(const std::string& path, const std::string& reason) {
+  throw Failure{ExitCode::CommandLineWrong, "wrong command line", path, reason};
+}
+
+/** Nothing for a scene that was read from no file. */
+std::vector<std::string> filesOfScene() {
+  const auto& source = kuStandalone::Scene::the().source;
+  return source ? source->files : std::vector<std::string>();
+}
+
 }  // namespace
 
 void refuseClashes(const Invocation& invocation) {
@@ -64,8 +75,19 @@ void refuseClashes(const Invocation& invocation) {
   for (auto second = files.begin(); second != files.end(); ++second) {
     for (auto first = files.begin(); first != second; ++first) {
       if (!clash(*first, *second)) continue;
-      throw Failure{ExitCode::CommandLineWrong, "wrong command line", second->path,
-                    std::string("is named for both ") + first->role + " and " + second->role};
+      refuse(second->path,
+             std::string("is named for both ") + first->role + " and " + second->role);
     }
+  }
+}
+
+void refuseClash(const Invocation& invocation, const std::string& path) {
+  for (const NamedFile& file : filesOf(invocation)) {
+    if (isSame(file.path, path)) {
+      refuse(path, std::string("is named for ") + file.role + ", and would be replaced");
+    }
+  }
+  for (const std::string& file : filesOfScene()) {
+    if (isSame(file, path)) refuse(path, "belongs to the scene, and would be replaced");
   }
 }

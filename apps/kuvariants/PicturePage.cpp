@@ -27,9 +27,8 @@ QString element(const char* name, const QString& text) {
 QString cardOf(const SetPicture& picture, const PageSettings& settings) {
   const QString image =
       QStringLiteral("<img src=\"%1\" alt=\"%2\" width=\"%3\" height=\"%4\" loading=\"lazy\"/>")
-          .arg(picture.file, html(picture.set))
-          .arg(settings.picture.width)
-          .arg(settings.picture.height);
+          .arg(picture.file, html(picture.set), QString::number(settings.picture.width),
+               QString::number(settings.picture.height));
   QString card =
       QStringLiteral("<figure>\n<a href=\"%1\">%2</a>\n<figcaption>\n").arg(picture.file, image);
   card += QStringLiteral("<div class=\"name\">\n") + element("h3", picture.set) +

@@ -8,6 +8,7 @@
 #include "CommandLine.h"
 #include "ContactSheet.h"
 #include "Failure.h"
+#include "FileClash.h"
 #include "Interrupt.h"
 #include "OutputFile.h"
 #include "PictureFileNames.h"
@@ -126,11 +127,23 @@ class Rendering {
 
   /** So that nobody waits for pictures that cannot be kept. */
   void prepareOutputs() const {
+    const std::vector<std::string> files = filesInFolder();
+    for (const std::string& file : files)
+      refuseClash(_invocation, file);
+    const Interrupt::Deferred untilCleanedUp;
     makeFolder(_options.folder);
-    OutputFile::check(inFolder(_options.folder, pageFile));
+    for (const std::string& file : files)
+      OutputFile::check(file);
     for (const auto& file : {_invocation.saveSheet, _invocation.saveDocument}) {
       if (file) OutputFile::check(*file);
     }
+  }
+
+  std::vector<std::string> filesInFolder() const {
+    std::vector<std::string> files{inFolder(_options.folder, pageFile)};
+    for (const QString& set : _wanted)
+      files.push_back(inFolder(_options.folder, _files.at(set)));
+    return files;
   }
 
   void render(const QString& name) {

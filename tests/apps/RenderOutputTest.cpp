@@ -1,6 +1,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <QDir>
 #include <csignal>
 #include <cstdlib>
 
@@ -145,6 +146,68 @@ TEST_F(RenderOutputTest, OneFileForTwoThingsIsRefused) {
   EXPECT_THAT(render({"--previews", "room.gltf"}).err,
               HasSubstr("is named for both SCENE and --previews"));
   EXPECT_EQ(run({"select", "room.gltf", "room.xml", "Blue", "--picture", "room.gltf"}).code, 2);
+}
+
+struct Replacement {
+  const char* name;
+  QStringList arguments;
+  const char* error;
+};
+
+class ReplacementTest : public RenderTest, public ::testing::WithParamInterface<Replacement> {};
+
+TEST_P(ReplacementTest, IsRefusedBeforeAnythingIsWritten) {
+  const CliResult result = run(QStringList{"render"} + GetParam().arguments +
+                               QStringList{"-o", "out", "--set", "Blue", "--size", "8x8"});
+  EXPECT_EQ(result.code, 2);
+  EXPECT_EQ(result.err, std::string("kuvariants: wrong command line: ") + GetParam().error + "\n");
+  EXPECT_FALSE(exists("out"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Of, ReplacementTest,
+    ::testing::Values(Replacement{"PageBySheet",
+                                  {"room.gltf", "room.xml", "--sheet", "out/index.html"},
+                                  "out/index.html: is named for --sheet, and would be replaced"},
+                      Replacement{"PictureByPreviews",
+                                  {"room.gltf", "room.xml", "--previews", "out/Blue.png"},
+                                  "out/Blue.png: is named for --previews, and would be replaced"},
+                      Replacement{"PictureByTrace",
+                                  {"room.gltf", "room.xml", "--trace", "./out/Blue.png"},
+                                  "out/Blue.png: is named for --trace, and would be replaced"}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+TEST_F(RenderOutputTest, PictureInThePlaceOfTheDocumentIsRefused) {
+  write("Blue.png", roomDocument);
+  const CliResult result =
+      run({"render", "room.gltf", "Blue.png", "-o", ".", "--size", "8x8", "--samples", "1"});
+  EXPECT_EQ(result.code, 2);
+  EXPECT_EQ(result.err,
+            "kuvariants: wrong command line: ./Blue.png: is named for DOCUMENT, and "
+            "would be replaced\n");
+  EXPECT_EQ(read("Blue.png"), roomDocument);
+}
+
+TEST_F(RenderOutputTest, PictureInThePlaceOfATextureOfTheSceneIsRefused) {
+  write("Blue.png", "a texture");
+  write("textured.gltf",
+        R"({"asset": {"version": "2.0"}, "scenes": [{}], "images": [{"uri": "Blue.png"}]})");
+  const CliResult result =
+      run({"render", "textured.gltf", "room.xml", "-o", ".", "--size", "8x8", "--samples", "1"});
+  EXPECT_EQ(result.code, 2);
+  EXPECT_EQ(result.err,
+            "kuvariants: wrong command line: ./Blue.png: belongs to the scene, and "
+            "would be replaced\n");
+  EXPECT_EQ(read("Blue.png"), "a texture");
+  EXPECT_FALSE(exists("Open.png"));
+}
+
+TEST_F(RenderOutputTest, FolderInThePlaceOfAPictureIsToldBeforeAnyPictureIsMade) {
+  ASSERT_TRUE(QDir(folder.path()).mkpath("out/Blue.png"));
+  const CliResult result = render();
+  EXPECT_EQ(result.code, 5);
+  EXPECT_EQ(result.err, "kuvariants: cannot write: out/Blue.png: Filename refers to a directory\n");
+  EXPECT_EQ(outFiles(), QStringList());
 }
 
 TEST_F(RenderOutputTest, InterruptedLeavesWholeFilesOnly) {

@@ -36,6 +36,7 @@ SceneLoadResult build(const QByteArray& bytes, UriReader files, const SceneLimit
   GltfWarnings warnings;
   checkRoles(source->root, warnings);
   readBuffers(*source, content.binary, files);
+  source->files = files.files();
   checkPrimitives(*source, warnings);
 
   auto scene = std::make_unique<Scene>();

@@ -60,6 +60,7 @@ QByteArray UriReader::read(const QString& uri, const std::string& place) {
     throw GltfUnreadable(place, file.errorString().toStdString());
   }
   _budget -= std::size_t(bytes.size());
+  _files.push_back(file.fileName().toStdString());
   return bytes;
 }
 

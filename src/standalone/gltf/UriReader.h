@@ -4,6 +4,7 @@
 #include <QString>
 #include <cstddef>
 #include <string>
+#include <vector>
 
 #include "standalone/gltf/GltfJson.h"
 
@@ -24,11 +25,15 @@ class UriReader {
   /** The bytes behind a URI. Throws GltfRefusal, for a file that is not there GltfUnreadable. */
   QByteArray read(const QString& uri, const std::string& place);
 
+  /** The full paths of the files that were read, in UTF-8. */
+  const std::vector<std::string>& files() const { return _files; }
+
  private:
   QString fileOf(const QString& uri, const std::string& place) const;
 
   QString _folder;
   std::size_t _budget;
+  std::vector<std::string> _files;
 };
 
 }  // namespace kuStandalone

@@ -79,6 +79,9 @@ struct FileVariant {
 class KUHOST_EXPORT SceneSource {
  public:
   virtual ~SceneSource();
+
+  /** The files that the scene's own file names: full paths in UTF-8, a file as often as named. */
+  std::vector<std::string> files;
 };
 
 /**
