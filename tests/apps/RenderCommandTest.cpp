@@ -81,6 +81,12 @@ TEST_F(RenderCommandTest, NamedSetsComeInTheirOrderEachOnce) {
   EXPECT_EQ(withoutTimes(result), "out/Scripted.png  N ms\nout/Open.png  N ms\nout/index.html\n");
 }
 
+TEST_F(RenderCommandTest, NamesOfFilesDoNotDependOnTheSetsAskedFor) {
+  write("alike.xml", R"(<Variants><VariantSet name="a b"/><VariantSet name="a/b"/></Variants>)");
+  EXPECT_EQ(withoutTimes(render({"--set", "a/b"}, "alike.xml")),
+            "out/a-b-2.png  N ms\nout/index.html\n");
+}
+
 TEST_F(RenderCommandTest, UnknownSetIsToldWithTheNearestBeforeAnythingIsWritten) {
   const CliResult result = render({"--set", "Blue", "Opne"});
   EXPECT_EQ(result.code, 4);
