@@ -15,6 +15,7 @@ target_link_libraries(KuPython INTERFACE
 find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Xml)
 find_package(CLI11 REQUIRED)
 find_package(embree 3 REQUIRED)
+find_package(PNG 1.6 REQUIRED)
 find_package(Threads REQUIRED)
 
 if(KU_BUILD_TESTS)

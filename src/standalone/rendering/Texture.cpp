@@ -1,18 +1,15 @@
 #include "standalone/rendering/Texture.h"
 
-#include <QBuffer>
-#include <QImageReader>
 #include <QJsonArray>
 #include <array>
 #include <cmath>
 
 #include "standalone/gltf/GltfSource.h"
+#include "standalone/rendering/PictureFile.h"
 
 namespace kuStandalone {
 
 namespace {
-
-constexpr int maximalSide = 16384;
 
 /** The 256 values of sRGB as linear ones (IEC 61966-2-1). */
 const std::array<float, 256>& linearOfSrgb() {
@@ -96,13 +93,7 @@ QVector4D Texture::sample(const QVector2D& at) const {
 
 QImage readImage(const GltfSource& source, int index) {
   if (index < 0 || index >= source.root["images"].toArray().size()) return QImage();
-  QByteArray bytes = bytesOf(source, index);
-  QBuffer device(&bytes);
-  QImageReader reader(&device);
-  reader.setDecideFormatFromContent(true);
-  const QSize size = reader.size();
-  if (size.width() > maximalSide || size.height() > maximalSide) return QImage();
-  return reader.read();
+  return decodePicture(bytesOf(source, index));
 }
 
 std::shared_ptr<const Texture> readTexture(const GltfSource& source, int index,

@@ -34,8 +34,8 @@ class KUHOST_EXPORT Texture {
 };
 
 /**
- * The picture of that index of the file's `images`, decoded; null where there is none or it is
- * broken or larger than 16384 pixels a side.
+ * The picture of that index of the file's `images`, decoded; null where there is none or
+ * decodePicture() makes nothing of it.
  */
 KUHOST_EXPORT QImage readImage(const GltfSource& source, int index);
 

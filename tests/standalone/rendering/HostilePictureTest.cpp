@@ -53,7 +53,9 @@ TEST_F(HostilePictureTest, ABrokenTextureIsAsIfThereWereNone) {
 }
 
 TEST_F(HostilePictureTest, ATextureWithoutAPictureIsAsIfThereWereNone) {
+  ::testing::internal::CaptureStderr();
   EXPECT_EQ(withTexture(textureOf(image(pngHeader(100000, 100000)))), "rw\nrw\n");
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
 }
 
 TEST_F(HostilePictureTest, DegenerateTrianglesAreLeftOut) {
@@ -185,6 +187,8 @@ TEST_F(HostilePictureTest, PicturesOfAbsurdSizeAreRefusedByTheirHeader) {
   load();
   const auto* source = dynamic_cast<const GltfSource*>(Scene::the().source.get());
   ASSERT_NE(source, nullptr);
+  ::testing::internal::CaptureStderr();
   for (const int index : {-1, 0, 1, 2, 3, 4})
     EXPECT_TRUE(readImage(*source, index).isNull()) << index;
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
 }
