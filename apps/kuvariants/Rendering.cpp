@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <optional>
 
 #include "CommandLine.h"
 #include "ContactSheet.h"
@@ -20,6 +21,7 @@
 #include "model/kuVariantSet.h"
 #include "standalone/scene/SceneSnapshot.h"
 #include "standalone/script/ScriptPolicy.h"
+#include "standalone/script/ScriptVariables.h"
 
 using namespace kuStandalone;
 namespace fs = std::filesystem;
@@ -73,14 +75,21 @@ QString shortName(const std::string& path) {
 /** What each set starts from. */
 class Start {
  public:
+  Start() {
+    if (ScriptPolicy::allowed()) _variables.emplace();
+  }
+
   void restore() const {
     _scene.restore(Scene::the());
     _sets.restore();
+    if (_variables) _variables->restore();
   }
 
  private:
   SceneSnapshot _scene{Scene::the()};
   SequentialSets _sets;
+  /** None where no script may run: nothing changes them then. */
+  std::optional<ScriptVariables> _variables;
 };
 
 /** One run through the sets. */
