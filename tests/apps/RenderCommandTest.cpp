@@ -119,6 +119,13 @@ TEST_F(RenderCommandTest, HeldBackScriptsAreToldAndRunOnlyWhenAllowed) {
   EXPECT_EQ(render({"--allow-scripts"}).err, "printed by a script\n");
 }
 
+TEST_F(RenderCommandTest, VariablesOfAScriptDoNotLastToTheNextSet) {
+  write("scripts.xml", R"(<Variants><VariantSet name="A"><Script>left = 1</Script></VariantSet>
+    <VariantSet name="B"><Script>left</Script></VariantSet></Variants>)");
+  EXPECT_THAT(render({"--allow-scripts"}, "scripts.xml").err, HasSubstr("'left' is not defined"));
+  EXPECT_EQ(render({"--allow-scripts", "--cumulative"}, "scripts.xml").err, "");
+}
+
 TEST_F(RenderCommandTest, PageShowsThePicturesByGroup) {
   render();
   const QDomDocument html = page();
