@@ -219,23 +219,30 @@ void RayScene::refreshBounds() {
   }
 }
 
+namespace {
+
+RTCRay tracerRay(const Ray& ray) {
+  RTCRay query{};
+  query.org_x = ray.origin.x();
+  query.org_y = ray.origin.y();
+  query.org_z = ray.origin.z();
+  query.tnear = ray.nearest;
+  query.dir_x = ray.direction.x();
+  query.dir_y = ray.direction.y();
+  query.dir_z = ray.direction.z();
+  query.tfar = ray.farthest;
+  query.mask = ~0U;
+  return query;
+}
+
+}  // namespace
+
 std::optional<RayHit> RayScene::intersect(const Ray& ray) const {
   if (ray.isEmpty()) return std::nullopt;
   RTCIntersectContext context;
   rtcInitIntersectContext(&context);
   RTCRayHit query{};
-  query.ray = {ray.origin.x(),
-               ray.origin.y(),
-               ray.origin.z(),
-               ray.nearest,
-               ray.direction.x(),
-               ray.direction.y(),
-               ray.direction.z(),
-               0,
-               ray.farthest,
-               ~0U,
-               0,
-               0};
+  query.ray = tracerRay(ray);
   query.hit.geomID = query.hit.instID[0] = RTC_INVALID_GEOMETRY_ID;
   rtcIntersect1(_top, &context, &query);
   if (query.hit.geomID == RTC_INVALID_GEOMETRY_ID) return std::nullopt;
@@ -248,18 +255,7 @@ bool RayScene::occluded(const Ray& ray) const {
   if (ray.isEmpty()) return false;
   RTCIntersectContext context;
   rtcInitIntersectContext(&context);
-  RTCRay query = {ray.origin.x(),
-                  ray.origin.y(),
-                  ray.origin.z(),
-                  ray.nearest,
-                  ray.direction.x(),
-                  ray.direction.y(),
-                  ray.direction.z(),
-                  0,
-                  ray.farthest,
-                  ~0U,
-                  0,
-                  0};
+  RTCRay query = tracerRay(ray);
   rtcOccluded1(_top, &context, &query);
   return query.tfar < 0;
 }
