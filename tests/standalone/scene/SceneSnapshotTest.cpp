@@ -26,6 +26,7 @@ Transform shifted(double x) {
 struct Sample {
   explicit Sample(SceneBuilder& builder) : scene(builder) {
     SceneNode::of(moved).setTransform(shifted(1));
+    SceneBuilder::setActive(hidden, false);
     scene.camera("Front");
     scene.camera("Rear");
     Scene::the().activeViewpoint = "Front";
@@ -38,6 +39,8 @@ struct Sample {
   osg::MaterialPtr unpooled = PresetMaterial::create("Unpooled", {"Matte", "Gloss"}, 0);
   osg::NodePtr door = scene.group("Door");
   osg::NodePtr moved = scene.group("Moved");
+  osg::NodePtr hidden = scene.group("Hidden");
+  osg::NodePtr lamp = scene.light("Lamp", false);
   osg::NodePtr roof = scene.switchNode("Roof", 0, {"Closed", "Open"});
   osg::NodePtr bonnet = scene.transforms("Bonnet", {"Shut", "Wide"}, 0, -1);
   osg::NodePtr body = scene.geometry("Body", paint);
@@ -79,6 +82,7 @@ struct Change {
 
 const Change changes[] = {
     {"NodeHidden", [](Sample& s) { setActive(s.door, false); }},
+    {"NodeShown", [](Sample& s) { setActive(s.hidden, true); }},
     {"NodeMoved", [](Sample& s) { moveTo(s.door, shifted(2)); }},
     {"NodeMovedToTheOrigin", [](Sample& s) { moveTo(s.moved, Transform()); }},
     {"SwitchChoice", [](Sample& s) { setChoice(s.roof, -2); }},
@@ -93,6 +97,7 @@ const Change changes[] = {
        closeEdit(s.bonnet);
      }},
     {"LightOff", [](Sample& s) { kuLights::setOn(s.sun, false); }},
+    {"LightOn", [](Sample& s) { kuLights::setOn(s.lamp, true); }},
     {"MaterialOfAGeometry",
      [](Sample& s) {
        const osg::EditCP edit(s.body->getCore());
