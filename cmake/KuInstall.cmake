@@ -18,6 +18,7 @@ install(FILES
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/kuVariants)
 
 install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}
-  FILES_MATCHING PATTERN "*.md" PATTERN "*.xsd")
+# In a folder of their own, as in the sources: so the links of the README lead to them.
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR}
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.xsd" PATTERN "*.jpg")
 install(FILES docs/kuvariants.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

@@ -28,7 +28,8 @@ if(NOT step_output MATCHES "0[.]1[.]0")
   message(FATAL_ERROR "The installed command line printed something else:\n${step_output}")
 endif()
 
-foreach(page ${DOCDIR}/README.md ${DOCDIR}/document-format.md ${DOCDIR}/variants.xsd
+foreach(page ${DOCDIR}/README.md ${DOCDIR}/docs/document-format.md ${DOCDIR}/docs/variants.xsd
+    ${DOCDIR}/docs/pictures/contact-sheet.jpg
     ${MANDIR}/man1/kuvariants.1)
   if(NOT EXISTS ${WORK_DIR}/prefix/${page})
     message(FATAL_ERROR "${page} was not installed")
