@@ -1,5 +1,9 @@
 #include "CliTest.h"
 
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <unistd.h>
+
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
@@ -143,6 +147,17 @@ CliResult CliTest::finish(QProcess& process) {
   const bool exited = process.exitStatus() == QProcess::NormalExit;
   return {exited ? process.exitCode() : -1, process.readAllStandardOutput().toStdString(),
           process.readAllStandardError().toStdString()};
+}
+
+void CliTest::makeFullDevice(const QString& name) {
+  const QByteArray path = folder.filePath(name).toUtf8();
+  if (mknod(path.constData(), S_IFCHR | 0666, makedev(1, 7)) == 0) return;
+  ASSERT_EQ(symlink("/dev/full", path.constData()), 0);
+}
+
+bool CliTest::isDevice(const QString& name) const {
+  struct stat status {};
+  return stat(folder.filePath(name).toUtf8().constData(), &status) == 0 && S_ISCHR(status.st_mode);
 }
 
 CliResult CliTest::run(const QStringList& arguments) {

@@ -33,6 +33,15 @@ class CliTest : public ::testing::Test {
   /** The names of all files in the folder, sorted. */
   QStringList files() const;
 
+  /**
+   * Makes a device of the folder on which nothing fits. It must not be the system's that a failure
+   * of a test replaces: so it is a node of our own, or where that needs rights that we have not,
+   * and so have none over the system's either, a link to that.
+   */
+  void makeFullDevice(const QString& name);
+  /** Whether a device stands there, be it behind a link. */
+  bool isDevice(const QString& name) const;
+
   CliResult run(const QStringList& arguments);
   /**
    * The same from a shell: @p setUp is a command before it ("ulimit -f 0"), @p redirection comes
