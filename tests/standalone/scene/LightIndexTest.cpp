@@ -1,9 +1,7 @@
 #include "standalone/scene/LightIndex.h"
 
-#include <random>
-
+#include "standalone/scene/SceneEdits.h"
 #include "standalone/scene/SceneNode.h"
-#include "standalone/scene/SceneWalk.h"
 #include "support/SceneTest.h"
 
 using kuStandalone::GroupCore;
@@ -29,9 +27,9 @@ const Nodes& indexedLights() { return Scene::the().nodes.lights.find(Scene::the(
 
 /** Edits the scene at random, the same way for the same seed: subtrees come, go, move and are
  * cloned, and nodes get other cores. */
-class RandomEdits {
+class RandomEdits : SceneEdits {
  public:
-  explicit RandomEdits(unsigned seed) : _random(seed) {}
+  explicit RandomEdits(unsigned seed) : SceneEdits(seed) {}
 
   void edit() {
     const unsigned kind = below(12);
@@ -43,13 +41,6 @@ class RandomEdits {
   }
 
  private:
-  unsigned below(std::size_t count) { return static_cast<unsigned>(_random() % count); }
-
-  osg::NodePtr anyNode() {
-    const Nodes nodes = allNodes();
-    return osg::NodePtr(nodes[below(nodes.size())]);
-  }
-
   osg::NodeCorePtr anyCore() {
     if (below(3) == 0) return LightCore::create(true);
     return below(2) ? GroupCore::create() : osg::NodeCorePtr();
@@ -62,24 +53,10 @@ class RandomEdits {
     return top;
   }
 
-  osg::NodePtr takeOut() {
-    const osg::NodePtr node = anyNode();
-    const osg::NodePtr parent = node->getParent();
-    if (!parent) return osg::NullFC;
-    SceneNode::of(parent).removeChild(node);
-    return node;
-  }
-
-  void move() {
-    if (const osg::NodePtr node = takeOut()) SceneNode::of(anyNode()).addChild(node);
-  }
-
   void addClone() {
     const osg::NodePtr original = anyNode();
     SceneNode::of(anyNode()).addChild(SceneNode::create("", original->getCore()));
   }
-
-  std::mt19937 _random;
 };
 
 class LightIndexTest : public SceneTest, public ::testing::WithParamInterface<unsigned> {};

@@ -1,9 +1,7 @@
 #include "standalone/scene/NameIndex.h"
 
-#include <random>
-
+#include "standalone/scene/SceneEdits.h"
 #include "standalone/scene/SceneNode.h"
-#include "standalone/scene/SceneWalk.h"
 #include "support/SceneTest.h"
 
 using kuStandalone::NameIndex;
@@ -28,9 +26,9 @@ Nodes indexSearch(const std::string& name) {
 }
 
 /** Edits the scene at random, the same way for the same seed. */
-class RandomEdits {
+class RandomEdits : SceneEdits {
  public:
-  explicit RandomEdits(unsigned seed) : _random(seed) {}
+  explicit RandomEdits(unsigned seed) : SceneEdits(seed) {}
 
   std::string anyName() { return "Name" + std::to_string(below(7)); }
 
@@ -43,13 +41,6 @@ class RandomEdits {
   }
 
  private:
-  unsigned below(std::size_t count) { return static_cast<unsigned>(_random() % count); }
-
-  osg::NodePtr anyNode() {
-    const Nodes nodes = allNodes();
-    return osg::NodePtr(nodes[below(nodes.size())]);
-  }
-
   void add() {
     const osg::NodePtr top = SceneNode::create(anyName(), kuStandalone::GroupCore::create());
     if (below(2)) {
@@ -58,22 +49,7 @@ class RandomEdits {
     SceneNode::of(anyNode()).addChild(top);
   }
 
-  osg::NodePtr takeOut() {
-    const osg::NodePtr node = anyNode();
-    const osg::NodePtr parent = node->getParent();
-    if (!parent) return osg::NullFC;
-    SceneNode::of(parent).removeChild(node);
-    return node;
-  }
-
   void remove() { takeOut(); }
-
-  void move() {
-    const osg::NodePtr node = takeOut();
-    if (node) SceneNode::of(anyNode()).addChild(node);
-  }
-
-  std::mt19937 _random;
 };
 
 class NameIndexTest : public SceneTest, public ::testing::WithParamInterface<unsigned> {};
