@@ -6,13 +6,21 @@
 #include <QString>
 #include <cstddef>
 #include <cstdint>
+#include <map>
+#include <set>
+#include <unordered_map>
 #include <vector>
 
+#include "host/osg/Geometry.h"
 #include "host/osg/Material.h"
+#include "host/osg/MaterialGroup.h"
 #include "host/osg/Node.h"
+#include "host/osg/SwitchMaterial.h"
+#include "host/utils/kuNodePtr.h"
 #include "manager/kuNamedList.h"
 #include "model/kuVariantsExport.h"
 
+class QProgressDialog;
 class kuLightVariant;
 class kuMaterialVariant;
 class kuMessage;
@@ -130,6 +138,47 @@ class KUVARIANTS_EXPORT kuVariants {
    */
   static void selectVariantSet(const char* name, bool skipViewpoint);
 
+  /**
+   * Takes the present scene into a new set with a preview, in a group that is made where it is
+   * missing. Duplicate node names are asked about first; a refusal ends it with nothing changed.
+   * @param setName, groupName UTF-8; a set's name that is in use is made unique, an empty group's
+   * name stands for "New Group 1".
+   */
+  static void createAndCaptureVariantSet(const char* setName, const char* groupName);
+  /**
+   * Makes the present scene below the roots the content of a set, in the place of what it held.
+   * Other sets get states too, where switch materials are made to hold their materials and this
+   * set's. What a message's receiver throws goes through; the set then holds what was taken so far.
+   * @param inclEnv environment switches and environment materials.
+   * @param sendMessage announce new variants.
+   * @param useSetNameForView the viewpoint takes the set's name, else that and " View".
+   */
+  static void captureVariantsFromRootNodes(kuVariantSet* set, std::vector<kuNodePtr> roots,
+                                           bool inclNodes, bool inclMats, bool inclLights,
+                                           bool inclEnv, bool inclView, bool inclTransforms,
+                                           bool inclRenderLayers, bool inclSceneplates,
+                                           bool sendMessage, bool useSetNameForView);
+  /** Takes the sceneplates that are not simply shown into a set. */
+  static void captureSceneplateVariants(kuVariantSet* set, bool sendMessage);
+  /** The names from below the scene's root down to the node, separated by "/". */
+  static QString getNodePath(kuNodePtr node);
+  /** Makes a dialogue the one that a capture shows, and shows it. Null does nothing. */
+  static void initVSetProgressDialog(QProgressDialog* dialog);
+  /** Whether a capture may go on: asks the user where nodes have one name, and renames them. */
+  static bool verifyNodeNames();
+  /** Asks whether nodes are to be renamed; true for yes. */
+  static bool showAmbiguousNodesDialog(bool warnAboutVariantSets);
+  /**
+   * Puts the materials back that the sets remember for each node, then selects a set by the script
+   * command selectVariantSet. @param name UTF-8; a name that no set bears selects nothing.
+   */
+  static void activateCapturedVariantSet(const char* name);
+  /**
+   * Gives every node the material that the sets remember for its path, the last set deciding. It
+   * reads the index of node paths as it stands; activateCapturedVariantSet makes it anew.
+   */
+  static void restoreSwitchNodes();
+
   /** Sheds from every set what the present scene no longer has; see kuVariantSet::optimize. Sets
    * and groups stay, also those that it empties. */
   static void optimizeVariantSets();
@@ -201,6 +250,72 @@ class KUVARIANTS_EXPORT kuVariants {
 
   /** A PNG file of the middle of the frame on screen; empty without one. The set is not used. */
   static QByteArray getPreviewImageFromFrameBuffer(kuVariantSet* set);
+
+  /** What one capture or restore has met so far. */
+  using MaterialSnapshots = std::map<QString, QString>;
+  using NodePaths = std::set<QString>;
+  using Switches = std::set<osg::SwitchMaterialPtr>;
+  using Materials = std::set<osg::MaterialPtr>;
+
+  // The walk of a capture.
+  static void captureVariantsFromRootNode(kuVariantSet* set, kuNodePtr node, bool inclNodes,
+                                          bool inclMats, bool inclLights, bool inclEnv,
+                                          bool inclTransforms, bool inclRenderLayers,
+                                          MaterialSnapshots& snapshots,
+                                          std::vector<kuNodePtr> roots, NodePaths& handledPaths,
+                                          Switches& createdSwitches, Materials& handledMaterials,
+                                          bool sendMessage);
+  /** Whether the walk may go on below the node; an inactive one is taken into the set. */
+  static bool checkAndSetNodeActive(osg::NodePtr node, kuVariantSet* set, bool& inclNodes,
+                                    bool& sendMessage);
+  static void addMaterialGroupIgnoreToVSet(osg::NodePtr node, osg::MaterialGroupPtr group,
+                                           kuVariantSet* set);
+  static void captureMaterials(kuVariantSet* set, osg::MaterialPtr& material, bool sendMessage);
+  static void captureMaterialVariantFromMultiStateMaterial(kuVariantSet* set,
+                                                           osg::MaterialPtr& material,
+                                                           bool sendMessage);
+  static void rebuildNodePathIndex();
+  static void collectSceneplateStates(kuNodePtr node, std::map<QString, QString>& states);
+  static QString getSceneplateState(kuNodePtr node);
+
+  // Materials that differ between sets.
+  static void handleMaterialSnapshots(kuVariantSet* set, kuNodePtr node, QString path,
+                                      osg::MaterialPtr material, std::vector<kuNodePtr> roots,
+                                      NodePaths& handledPaths, Switches& createdSwitches,
+                                      Materials& handledMaterials, bool isCapturing,
+                                      bool sendMessage);
+  static bool checkIfNodeMatchesNodePath(osg::NodePtr node, const char* path, bool applyToAll);
+  static void keepNodesWithPath(std::vector<kuNodePtr>& nodes, const char* path);
+  static void changeMaterial(osg::NodePtr node, osg::MaterialPtr material);
+  static bool compareSwitches(osg::SwitchMaterialPtr a, osg::SwitchMaterialPtr b);
+  static bool checkIfMaterialAlreadyAdded(osg::MaterialPtr material, osg::SwitchMaterialPtr target);
+  static bool checkForMaterialRecursion(osg::MaterialPtr material, osg::SwitchMaterialPtr target);
+  static void createSwitchAndAddMaterial(osg::NodePtr node, osg::MaterialPtr material,
+                                         osg::SwitchMaterialPtr& switchMaterial,
+                                         Switches& createdSwitches);
+  static void addMaterialToExistingSwitch(osg::NodePtr node, osg::SwitchMaterialPtr& otherSwitch,
+                                          osg::MaterialPtr& material,
+                                          osg::SwitchMaterialPtr& switchMaterial, kuVariantSet* set,
+                                          kuVariantSet* otherSet, Materials& handledMaterials,
+                                          QString path, bool& sendMessage);
+  static void duplicateSwitchAndAddMaterial(osg::NodePtr node, osg::SwitchMaterialPtr& otherSwitch,
+                                            osg::MaterialPtr& material,
+                                            osg::SwitchMaterialPtr& switchMaterial,
+                                            kuVariantSet* set, kuVariantSet* otherSet,
+                                            Materials& handledMaterials, Switches& createdSwitches,
+                                            QString path, bool& switchDuplicated,
+                                            bool& sendMessage);
+  static void optimizeMaterialSwitches(kuNodePtr node, QString path, osg::MaterialPtr oldMaterial,
+                                       osg::SwitchMaterialPtr target, Switches& createdSwitches);
+  static void restoreSwitchNodesHlp(kuVariantSet* set, kuNodePtr node, MaterialSnapshots& snapshots,
+                                    std::vector<kuNodePtr> roots, NodePaths& handledPaths,
+                                    Switches& createdSwitches, Materials& handledMaterials,
+                                    bool sendMessage);
+
+  /** Hash of a node path to the nodes of that hash. */
+  static std::unordered_map<std::uint32_t, std::vector<kuNodePtr>> _nodePathIndex;
+  /** The geometry cores that a capture has met; empty between captures. */
+  static std::set<osg::GeometryPtr> _capturedGeometryCores;
 
   static kuNamedList<kuNodeVariant> _nodeVariants;
   static kuNamedList<kuMaterialVariant> _materialVariants;

@@ -2,6 +2,7 @@
 
 #include "host/kernel/kuMessage.h"
 
+class QKuDockWindowManager;
 class QMainWindow;
 
 /** The application's message bus, frame requests and main window. Main thread only. */
@@ -34,8 +35,13 @@ class KUHOST_EXPORT kuController {
   /** Parent for dialogues; null while the host has no window. */
   static QMainWindow* getMainWindow();
 
+  /** The application's dock widgets; never null. */
+  static QKuDockWindowManager* getDockWindowManager();
+
   /**
    * Shows or ends the busy state.
+   * While it lasts nothing may change the scene but the caller: what comes from partners, timers and
+   * animations waits for its end.
    * @param process true to let the host draw the change before it returns.
    */
   static void setBusy(bool busy, bool process);

@@ -15,6 +15,9 @@ class KUHOST_EXPORT MaterialGroup : public Group {
   /** The material, or null. */
   MaterialPtr getMaterial() const;
 
+  /** Whether the material is passed over, so that everything below shows its own. */
+  bool getIgnore() const;
+
   /** Stands in an edit bracket whose mask has MaterialFieldMask. */
   void setMaterial(const MaterialPtr& material);
 

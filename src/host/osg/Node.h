@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/osg/NodeCore.h"
+#include "host/osg/RaytracingGeoAttachment.h"
 
 namespace osg {
 
@@ -23,6 +24,9 @@ class KUHOST_EXPORT Node : public FieldContainer {
 
   /** The parent; null at the top of a tree. */
   NodePtr getParent() const;
+
+  /** The attachment of that group and binding number; null if the node has none. */
+  AttachmentPtr findAttachment(unsigned groupId, unsigned short binding = 0) const;
 
   /** The node's own visibility flag, whatever its ancestors' flags are. */
   bool getActive() const;

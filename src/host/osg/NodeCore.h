@@ -1,10 +1,13 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "host/osg/FieldContainer.h"
 
 namespace osg {
+
+class Node;
 
 struct NodeCoreFields;
 
@@ -15,6 +18,9 @@ struct NodeCoreFields;
 class KUHOST_EXPORT NodeCore : public FieldContainer {
  public:
   static const FieldContainerType _type;
+
+  /** The nodes that bear the core; the first is the original, the others are its clones. */
+  std::vector<FCPtr<Node>> getParents() const;
 
   /** What the host keeps about every core, defined by the host alone. */
   NodeCoreFields& hostFields() { return *_fields; }

@@ -16,16 +16,20 @@ class KUHOST_EXPORT UEnvironmentMaterial : public Material {
 
 using UEnvironmentMaterialPtr = FCPtr<UEnvironmentMaterial>;
 
+class UEnvironmentSwitchMaterial;
+using UEnvironmentSwitchMaterialPtr = FCPtr<UEnvironmentSwitchMaterial>;
+
 /** The switch that chooses among environment materials. */
 class KUHOST_EXPORT UEnvironmentSwitchMaterial : public SwitchMaterial {
  public:
   static const FieldContainerType _type;
 
+  /** A new switch without sub-materials, name and users; its choice is 0. */
+  static UEnvironmentSwitchMaterialPtr create();
+
  protected:
   using SwitchMaterial::SwitchMaterial;
   ~UEnvironmentSwitchMaterial() override;
 };
-
-using UEnvironmentSwitchMaterialPtr = FCPtr<UEnvironmentSwitchMaterial>;
 
 }  // namespace osg

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "host/osg/MultiMaterial.h"
 #include "host/utils/kuMaterialPtr.h"
 #include "host/utils/kuNodePtr.h"
 
@@ -27,6 +28,14 @@ class KUHOST_EXPORT kuMaterials {
 
   /** Whether the material may be changed: false for a locked and for a null one. */
   static bool isEditable(const osg::MaterialPtr& material);
+
+  /** The field of sub-materials; null for a material that has none. It stands until the next change
+   * of the field. */
+  static const osg::MFMaterialPtr* getSubMaterials(const osg::MaterialPtr& material);
+
+  /** Takes a material out of the scene: out of the pool, and from every node and switch that bears
+   * it. */
+  static void removeMaterial(const osg::MaterialPtr& material);
 
   /** Appends every node of the scene whose core uses the material, in the order of the scene. */
   static void getNodesWithMaterial(std::vector<kuNodePtr>& nodes, const osg::MaterialPtr& material);
