@@ -63,6 +63,11 @@ void SceneNode::setCore(osg::NodeCorePtr core) {
   if (_tree) _tree->lights.note(_core);
 }
 
+void SceneNode::setRenderLayer(RenderLayerPtr layer) {
+  _renderLayer = std::move(layer);
+  if (_tree) _tree->noteLayer(*this);
+}
+
 void SceneNode::addChild(const osg::NodePtr& child) {
   SceneNode& node = of(child);
   node._parent = this;
@@ -134,6 +139,11 @@ NodePtr Node::getChild(unsigned index) const {
 NodePtr Node::getParent() const {
   kuStandalone::SceneNode* parent = self(this).parent();
   return parent ? NodePtr(parent) : NodePtr();
+}
+
+AttachmentPtr Node::findAttachment(unsigned groupId, unsigned short binding) const {
+  const bool known = groupId == RaytracingGeoAttachment::getClassGroupId() && binding == 0;
+  return known ? AttachmentPtr(self(this).renderLayer()) : AttachmentPtr();
 }
 
 bool Node::getActive() const { return self(this).active(); }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/osg/Node.h"
+#include "standalone/scene/RenderLayer.h"
 #include "standalone/scene/Transform.h"
 
 namespace kuStandalone {
@@ -43,6 +44,12 @@ class KUHOST_EXPORT SceneNode final : public osg::Node {
   /** The flag as data: no bracket is asked for. */
   void setActiveFlag(bool active) { _active = active; }
 
+  /** The node's render layer, or null; the attachment of binding 0. */
+  const RenderLayerPtr& renderLayer() const { return _renderLayer; }
+  /** The attachment as data: no bracket is asked for. @param layer of no other node; may be null.
+   */
+  void setRenderLayer(RenderLayerPtr layer);
+
   const std::vector<osg::NodePtr>& children() const { return _children; }
   SceneNode* parent() const { return _parent; }
   /** The place among the parent's children; 0 without a parent. */
@@ -76,6 +83,7 @@ class KUHOST_EXPORT SceneNode final : public osg::Node {
 
   std::string _name;
   osg::NodeCorePtr _core;
+  RenderLayerPtr _renderLayer;
   std::vector<osg::NodePtr> _children;
   SceneNode* _parent = nullptr;
   SceneTree* _tree = nullptr;

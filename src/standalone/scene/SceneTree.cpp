@@ -15,11 +15,21 @@ void SceneTree::setRoot(osg::NodePtr node) {
 void SceneTree::enter(SceneNode& node) {
   names.add(node);
   lights.note(node.core());
+  noteLayer(node);
 }
 
 void SceneTree::leave(SceneNode& node) {
   names.remove(node);
   lights.note(node.core());
+  layered.erase(node.id());
+}
+
+void SceneTree::noteLayer(SceneNode& node) {
+  if (node.renderLayer()) {
+    layered[node.id()] = &node;
+  } else {
+    layered.erase(node.id());
+  }
 }
 
 }  // namespace kuStandalone

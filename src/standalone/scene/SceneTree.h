@@ -1,5 +1,7 @@
 #pragma once
 
+#include <map>
+
 #include "host/osg/Node.h"
 #include "standalone/scene/LightIndex.h"
 #include "standalone/scene/NameIndex.h"
@@ -10,6 +12,8 @@ namespace kuStandalone {
 struct SceneTree {
   NameIndex names;
   LightIndex lights;
+  /** The nodes that have a render layer, by identifier. */
+  std::map<std::uint32_t, SceneNode*> layered;
   osg::NodePtr root;
 
   SceneTree() = default;
@@ -23,6 +27,8 @@ struct SceneTree {
   // A node comes into the tree or leaves it; only the node itself calls these.
   void enter(SceneNode& node);
   void leave(SceneNode& node);
+  /** Tells that a node of the tree was given a render layer, or none. */
+  void noteLayer(SceneNode& node);
 };
 
 }  // namespace kuStandalone
