@@ -3,6 +3,7 @@
 #include "host/services/kuKernelServiceFactory.h"
 #include "standalone/animation/AnimationPlayer.h"
 #include "standalone/rendering/ScenePictures.h"
+#include "standalone/scene/MaterialNames.h"
 #include "standalone/scene/Scene.h"
 #include "standalone/services/CameraService.h"
 #include "standalone/services/SceneplateService.h"
@@ -15,6 +16,7 @@ struct StandaloneHost::Parts {
   SceneplateService sceneplates;
   TransformService transforms;
   AnimationPlayer animations;
+  MaterialNames materialNames;
 };
 
 StandaloneHost::StandaloneHost() : _parts(std::make_unique<Parts>()) {

@@ -129,7 +129,7 @@ Viewpoint& SceneBuilder::camera(const std::string& name) {
   Camera camera;
   camera.name = name;
   camera.node = group(name);
-  present.cameras.push_back(camera);
+  present.addCamera(camera);
   Viewpoint viewpoint;
   viewpoint.name = name;
   viewpoint.camera = present.cameras.size() - 1;

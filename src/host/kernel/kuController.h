@@ -40,8 +40,8 @@ class KUHOST_EXPORT kuController {
 
   /**
    * Shows or ends the busy state.
-   * While it lasts nothing may change the scene but the caller: what comes from partners, timers and
-   * animations waits for its end.
+   * While it lasts nothing may change the scene but the caller: what comes from partners, timers
+   * and animations waits for its end.
    * @param process true to let the host draw the change before it returns.
    */
   static void setBusy(bool busy, bool process);

@@ -129,7 +129,7 @@ void NodeReader::addCamera(const osg::NodePtr& node, int index) {
   viewpoint.name = camera.name;
   viewpoint.camera = _scene.cameras.size();
   viewpoint.pose = SceneNode::of(node).transform();
-  _scene.cameras.push_back(std::move(camera));
+  _scene.addCamera(std::move(camera));
   _scene.addViewpoint(std::move(viewpoint));
 }
 

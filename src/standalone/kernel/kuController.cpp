@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 
+#include "host/widgets/QKuDockWindowManager.h"
 #include "standalone/kernel/HostState.h"
 #include "standalone/kernel/MessageBus.h"
 
@@ -31,6 +32,11 @@ void kuController::updateRender(bool now) {
 }
 
 QMainWindow* kuController::getMainWindow() { return HostState::the().mainWindow; }
+
+QKuDockWindowManager* kuController::getDockWindowManager() {
+  static QKuDockWindowManager manager;
+  return &manager;
+}
 
 void kuController::setBusy(bool busy, bool process) {
   HostState& state = HostState::the();

@@ -43,14 +43,6 @@ Span spanOf(const Bounds& bounds, const QVector3D& aside, const QVector3D& forwa
   return {(over - under) / 2, (over + under) / (2 * slope)};
 }
 
-const Camera* cameraOf(const Scene& scene) {
-  for (const Viewpoint& viewpoint : scene.viewpoints) {
-    if (viewpoint.name == scene.activeViewpoint && viewpoint.camera < scene.cameras.size())
-      return &scene.cameras[viewpoint.camera];
-  }
-  return scene.cameras.empty() ? nullptr : &scene.cameras.front();
-}
-
 bool setLens(View& view, const Camera& camera, float aspect) {
   view.perspective = camera.perspective;
   view.halfHeight = float(camera.perspective ? std::tan(camera.yfov / 2) : camera.ymag);
@@ -109,8 +101,8 @@ View viewOfAll(const Bounds& bounds, float aspect) {
 }
 
 View viewOf(const Scene& scene, const Bounds& bounds, float aspect) {
-  const Camera* camera = cameraOf(scene);
-  if (!camera || !camera->node) return viewOfAll(bounds, aspect);
+  const Camera* camera = scene.activeCamera();
+  if (!camera) return viewOfAll(bounds, aspect);
   View view;
   const Placement placement = worldPlacement(camera->node);
   const bool isSound = setLens(view, *camera, aspect) && orient(view, placement);

@@ -4,6 +4,7 @@
 #include "standalone/scene/MaterialFields.h"
 #include "standalone/scene/MaterialUse.h"
 #include "standalone/scene/NodeCoreFields.h"
+#include "standalone/scene/SceneNode.h"
 
 namespace kuStandalone {
 
@@ -30,6 +31,11 @@ osg::NodeCorePtr TransformSwitchCore::create(std::vector<TransformState> states,
 void TransformSwitchCore::setSupposed(int index) {
   EditBrackets::noteChange(*this, SupposedFieldMask, "TransformSwitchCore::setSupposed");
   supposed = index;
+}
+
+void TransformSwitchCore::setStateName(std::size_t index, std::string name) {
+  EditBrackets::noteChange(*this, StatesFieldMask, "TransformSwitchCore::setStateName");
+  states[index].name = std::move(name);
 }
 
 MaterialGroupCore::MaterialGroupCore(bool firstIgnore)
@@ -128,6 +134,18 @@ void SwitchComponentTransformBase::setChoice(const unsigned& choice) {
 unsigned SwitchComponentTransform::getCount() const {
   return static_cast<unsigned>(
       static_cast<const kuStandalone::TransformSwitchCore*>(this)->states.size());
+}
+
+std::vector<NodePtr> NodeCore::getParents() const {
+  const std::vector<kuStandalone::SceneNode*>& parents = _fields->parents;
+  std::vector<NodePtr> result;
+  for (kuStandalone::SceneNode* parent : parents)
+    result.emplace_back(parent);
+  return result;
+}
+
+bool MaterialGroup::getIgnore() const {
+  return static_cast<const kuStandalone::MaterialGroupCore*>(this)->ignore;
 }
 
 MaterialPtr MaterialGroup::getMaterial() const {

@@ -59,9 +59,12 @@ class KUHOST_EXPORT TransformSwitchCore final : public osg::SwitchComponentTrans
   }
 
   static constexpr osg::FieldMask SupposedFieldMask = osg::FieldMask(1) << 9;
+  static constexpr osg::FieldMask StatesFieldMask = osg::FieldMask(1) << 10;
 
   /** Stands in an edit bracket whose mask has SupposedFieldMask. */
   void setSupposed(int index);
+  /** Stands in an edit bracket whose mask has StatesFieldMask. @param index of a state. */
+  void setStateName(std::size_t index, std::string name);
 
   std::vector<TransformState> states;
   unsigned choice;

@@ -136,6 +136,10 @@ SwitchMaterialPtr SwitchMaterialBase::create() {
   return kuStandalone::createSwitchMaterial({}, {}, 0);
 }
 
+UEnvironmentSwitchMaterialPtr UEnvironmentSwitchMaterial::create() {
+  return UEnvironmentSwitchMaterialPtr::dcast(kuStandalone::createSwitchMaterial({}, {}, 0, true));
+}
+
 unsigned SwitchMaterialBase::getChoice() const { return hostFields().choice; }
 
 void SwitchMaterialBase::setChoice(const unsigned& choice) {

@@ -30,6 +30,8 @@ void sortInSceneOrder(SceneNode** first, SceneNode** last) {
     *first++ = entry.second;
 }
 
+bool standsBefore(const SceneNode& a, const SceneNode& b) { return placeOf(a) < placeOf(b); }
+
 bool NameIndex::Equal::operator()(const Bucket& a, const Bucket& b) const {
   return a.hash == b.hash && a.nodes.front()->name() == b.nodes.front()->name();
 }

@@ -65,4 +65,7 @@ class KUHOST_EXPORT NameIndex {
 /** Sorts nodes of one tree into the order of a depth-first walk. */
 KUHOST_EXPORT void sortInSceneOrder(SceneNode** first, SceneNode** last);
 
+/** Whether a depth-first walk of their tree meets @p a before @p b. */
+KUHOST_EXPORT bool standsBefore(const SceneNode& a, const SceneNode& b);
+
 }  // namespace kuStandalone

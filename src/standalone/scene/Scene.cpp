@@ -41,6 +41,27 @@ Viewpoint* Scene::findViewpoint(std::uint32_t id) {
   return found == viewpoints.end() ? nullptr : &*found;
 }
 
+const Camera* Scene::activeCamera() const {
+  const auto active =
+      std::find_if(viewpoints.begin(), viewpoints.end(), [&](const Viewpoint& viewpoint) {
+        return viewpoint.name == activeViewpoint && viewpoint.camera < cameras.size();
+      });
+  const std::size_t index = active == viewpoints.end() ? 0 : active->camera;
+  return index < cameras.size() && cameras[index].node ? &cameras[index] : nullptr;
+}
+
+const Camera* Scene::findTrack(std::uint32_t id) const {
+  const auto found = std::find_if(cameras.begin(), cameras.end(),
+                                  [&](const Camera& camera) { return camera.track == id; });
+  return found == cameras.end() ? nullptr : &*found;
+}
+
+Camera& Scene::addCamera(Camera camera) {
+  camera.track = SceneNode::newId();
+  cameras.push_back(std::move(camera));
+  return cameras.back();
+}
+
 Viewpoint& Scene::addViewpoint(Viewpoint viewpoint) {
   viewpoint.id = SceneNode::newId();
   viewpoints.push_back(std::move(viewpoint));

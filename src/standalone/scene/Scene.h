@@ -17,6 +17,9 @@ namespace kuStandalone {
 /** A camera of the scene; it stands where its node stands. */
 struct Camera {
   std::string name;
+  /** Identifier of the track that the camera's viewpoints stand in, from the same numbers as the
+   * node identifiers; 0 until the scene has the camera. */
+  std::uint32_t track = 0;
   /** The node that bears it. */
   osg::NodePtr node;
   bool perspective = true;
@@ -106,6 +109,14 @@ class KUHOST_EXPORT Scene {
   Viewpoint* findViewpoint(const std::string& name);
   /** The viewpoint of that identifier, or null. */
   Viewpoint* findViewpoint(std::uint32_t id);
+  /** The camera that pictures are taken with: that of the active viewpoint, or the first one where
+   * none is active. Null where there is none, or it has lost its node. */
+  const Camera* activeCamera() const;
+  /** The camera whose track has that identifier, or null. */
+  const Camera* findTrack(std::uint32_t id) const;
+  /** Appends a camera and gives its track an identifier. */
+  Camera& addCamera(Camera camera);
+
   /** Appends a viewpoint and gives it an identifier. */
   Viewpoint& addViewpoint(Viewpoint viewpoint);
 

@@ -37,6 +37,13 @@ const osg::MFMaterialPtr& ScenePool::find(std::string_view name) const {
   return found == _names.end() ? none : found->second;
 }
 
+std::string ScenePool::uniqueName(const std::string& name) {
+  std::string result = name;
+  while (!find(result).empty())
+    result = name + std::to_string(++_lastNumbers.try_emplace(name, 1u).first->second);
+  return result;
+}
+
 void ScenePool::rename(const osg::MaterialPtr& material, std::string name) {
   unindex(material);
   material->hostFields().name = std::move(name);

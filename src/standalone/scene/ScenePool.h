@@ -27,6 +27,10 @@ class KUHOST_EXPORT ScenePool final : public osg::MaterialPool {
   /** The materials of that name in the pool's order; empty if there is none. */
   const osg::MFMaterialPtr& find(std::string_view name) const;
 
+  /** @p name itself if no material of the pool bears it, otherwise the first free one of it with a
+   * number behind it, from 2. Numbers that it has answered are not answered again. */
+  std::string uniqueName(const std::string& name);
+
   /** Gives a material of the pool another name. */
   void rename(const osg::MaterialPtr& material, std::string name);
 
@@ -38,6 +42,8 @@ class KUHOST_EXPORT ScenePool final : public osg::MaterialPool {
 
   osg::MFMaterialPtr _materials;
   boost::unordered_map<std::string, osg::MFMaterialPtr, TextHash> _names;
+  /** The last number that uniqueName put behind a name. */
+  boost::unordered_map<std::string, unsigned> _lastNumbers;
 };
 
 }  // namespace kuStandalone

@@ -12,6 +12,11 @@ inline const Viewpoint* addressedViewpoint(std::uint32_t id) {
   return Scene::the().findViewpoint(id);
 }
 
+/** The camera of the present scene whose track has that identifier, or null. */
+inline const Camera* addressedTrack(std::uint32_t id) {
+  return id == 0 ? nullptr : Scene::the().findTrack(id);
+}
+
 /** The node behind an identifier: for a viewpoint that of its camera. Null if there is none. */
 inline SceneNode* addressedNode(std::uint32_t id) {
   if (SceneNode* node = SceneNode::byId(id)) return node;

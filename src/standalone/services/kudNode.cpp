@@ -11,6 +11,9 @@ QString kudNode::getName() const {
   if (const kuStandalone::Viewpoint* viewpoint = kuStandalone::addressedViewpoint(getId())) {
     return QString::fromStdString(viewpoint->name);
   }
+  if (const kuStandalone::Camera* camera = kuStandalone::addressedTrack(getId())) {
+    return QString::fromStdString(camera->name);
+  }
   const SceneNode* node = SceneNode::byId(getId());
   return node ? QString::fromStdString(node->name()) : QString();
 }

@@ -2,6 +2,7 @@
 
 #include "host/osg/Switch.h"
 #include "host/services/kudCameraBaseNode.h"
+#include "host/services/kudCameraTrackNode.h"
 #include "host/services/kudSwitchNode.h"
 #include "standalone/services/Addressed.h"
 
@@ -12,9 +13,9 @@ namespace {
 /** The class that a living object has here; null if nothing lives under that identifier. */
 const QMetaObject* classOf(std::uint32_t id) {
   const SceneNode* node = SceneNode::byId(id);
-  if (!node) {
-    return kuStandalone::addressedViewpoint(id) ? &kudCameraBaseNode::staticMetaObject : nullptr;
-  }
+  if (!node && kuStandalone::addressedViewpoint(id)) return &kudCameraBaseNode::staticMetaObject;
+  if (!node && kuStandalone::addressedTrack(id)) return &kudCameraTrackNode::staticMetaObject;
+  if (!node) return nullptr;
   const bool isSwitch = osg::SwitchPtr::dcast(node->core()) != osg::NullFC;
   return isSwitch ? &kudSwitchNode::staticMetaObject : &kudNode::staticMetaObject;
 }

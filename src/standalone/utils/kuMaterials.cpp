@@ -1,6 +1,8 @@
 #include "host/utils/kuMaterials.h"
 
 #include "host/osg/EditCP.h"
+#include "host/osg/Geometry.h"
+#include "host/osg/MaterialGroup.h"
 #include "standalone/scene/MaterialFields.h"
 #include "standalone/scene/NameIndex.h"
 #include "standalone/scene/NodeCoreFields.h"
@@ -16,6 +18,25 @@ namespace {
 
 const osg::MFMaterialPtr& pooled(const char* name) {
   return ScenePool::of(Scene::the().pool).find(name ? name : "");
+}
+
+void takeFromCores(const osg::MaterialPtr& material) {
+  while (!material->hostFields().users.empty()) {
+    const osg::NodeCorePtr core(material->hostFields().users.back());
+    const osg::EditCP edit(core);
+    if (const auto group = osg::MaterialGroupPtr::dcast(core)) {
+      group->setMaterial(osg::NullFC);
+    } else {
+      osg::GeometryPtr::dcast(core)->setMaterial(osg::NullFC);
+    }
+  }
+}
+
+void takeFromSwitch(const osg::MultiMaterialPtr& from, const osg::MaterialPtr& material) {
+  while (from && from->hasSubMaterial(material, false)) {
+    const osg::EditCP edit(from, osg::MultiMaterial::MaterialsFieldMask);
+    from->subMaterial(material);
+  }
 }
 
 }  // namespace
@@ -48,6 +69,22 @@ std::vector<kuMaterialPtr> kuMaterials::findMaterials(const char* name) {
 
 bool kuMaterials::isEditable(const osg::MaterialPtr& material) {
   return material && !material->hostFields().locked;
+}
+
+const osg::MFMaterialPtr* kuMaterials::getSubMaterials(const osg::MaterialPtr& material) {
+  const auto multi = osg::MultiMaterialPtr::dcast(material);
+  return multi ? &multi->getMaterials() : nullptr;
+}
+
+void kuMaterials::removeMaterial(const osg::MaterialPtr& material) {
+  if (!material) return;
+  const osg::MaterialPtr kept = material;
+  takeFromCores(kept);
+  const osg::EditCP edit(Scene::the().pool);
+  ScenePool& pool = ScenePool::of(Scene::the().pool);
+  pool.remove(kept);
+  for (const osg::MaterialPtr& other : pool.materials())
+    takeFromSwitch(osg::MultiMaterialPtr::dcast(other), kept);
 }
 
 void kuMaterials::getNodesWithMaterial(std::vector<kuNodePtr>& nodes,

@@ -1,12 +1,17 @@
 #include "host/utils/kuNodeUtils.h"
 
 #include <algorithm>
-#include <unordered_set>
 
+#include "host/osg/EditCP.h"
 #include "standalone/scene/Cores.h"
+#include "standalone/scene/NameIndex.h"
+#include "standalone/scene/NodeCoreFields.h"
+#include "standalone/scene/Scene.h"
 #include "standalone/scene/SceneNode.h"
 
+using kuStandalone::Scene;
 using kuStandalone::SceneNode;
+using kuStandalone::SwitchCore;
 using kuStandalone::TransformState;
 using kuStandalone::TransformSwitchCore;
 
@@ -34,14 +39,42 @@ void kuNodeUtils::getSubTreeNodes(const kuNodePtr& node, std::vector<kuNodePtr>&
   if (node.isValid()) appendSubTree(node.getNode(), nodes);
 }
 
-std::string kuNodeUtils::getUniqueName(const std::string& name,
-                                       const std::vector<std::string>& used) {
-  const std::unordered_set<std::string> taken(used.begin(), used.end());
-  std::string result = name;
-  for (unsigned number = 1; taken.count(result) != 0; ++number) {
-    result = name + std::to_string(number);
+void kuNodeUtils::getSceneNodes(std::vector<kuNodePtr>& nodes, bool sceneplates) {
+  const Scene& scene = Scene::the();
+  appendSubTree(scene.nodes.root, nodes);
+  if (sceneplates && scene.sceneplates.root) appendSubTree(scene.sceneplates.root, nodes);
+}
+
+bool kuNodeUtils::isClone(const osg::NodePtr& node) {
+  if (!node || !node->getCore()) return false;
+  const SceneNode& own = SceneNode::of(node);
+  const std::vector<SceneNode*>& parents = node->getCore()->hostFields().parents;
+  return std::any_of(parents.begin(), parents.end(), [&](const SceneNode* other) {
+    return other != &own && other->tree() == own.tree() && kuStandalone::standsBefore(*other, own);
+  });
+}
+
+bool kuNodeUtils::isEnvironmentGeometrySwitch(const osg::NodePtr& node) {
+  const auto core = node ? osg::SwitchPtr::dcast(node->getCore()) : osg::SwitchPtr();
+  return core && SwitchCore::of(core).environment;
+}
+
+osg::MaterialPtr kuNodeUtils::getMaterial(const osg::NodePtr& node) {
+  if (!node) return osg::NullFC;
+  if (const auto group = osg::MaterialGroupPtr::dcast(node->getCore())) return group->getMaterial();
+  const auto geometry = osg::GeometryPtr::dcast(node->getCore());
+  return geometry ? geometry->getMaterial() : osg::MaterialPtr();
+}
+
+void kuNodeUtils::setMaterial(const osg::NodePtr& node, const osg::MaterialPtr& material, bool,
+                              bool) {
+  if (!node) return;
+  if (const auto geometry = osg::GeometryPtr::dcast(node->getCore())) {
+    const osg::EditCP edit(geometry, osg::Geometry::MaterialFieldMask);
+    geometry->setMaterial(material);
   }
-  return result;
+  for (const osg::NodePtr& child : SceneNode::of(node).children())
+    setMaterial(child, material, false, false);
 }
 
 bool kuNodeUtils::isCloneOf(const osg::NodePtr& a, const osg::NodePtr& b) {
@@ -65,6 +98,20 @@ int kuNodeUtils::getTransformVariantCount(const osg::NodePtr& node) {
 std::string kuNodeUtils::getTransformVariantName(const osg::NodePtr& node, int index) {
   if (index < 0 || index >= getTransformVariantCount(node)) return {};
   return transformsOf(node)->states[static_cast<std::size_t>(index)].name;
+}
+
+void kuNodeUtils::setTransformVariantName(const osg::NodePtr& node, int index,
+                                          const std::string& name) {
+  if (index < 0 || index >= getTransformVariantCount(node)) return;
+  const osg::NodeCorePtr core = node->getCore();
+  const osg::EditCP edit(core, TransformSwitchCore::StatesFieldMask);
+  TransformSwitchCore::of(core).setStateName(static_cast<std::size_t>(index), name);
+}
+
+// The transform of such a node is that of its choice.
+bool kuNodeUtils::isTransformVariantInState(const osg::NodePtr& node) {
+  const TransformSwitchCore* core = transformsOf(node);
+  return core && core->choice < core->states.size();
 }
 
 int kuNodeUtils::getTransformVariantIndex(const osg::NodePtr& node, const std::string& name) {

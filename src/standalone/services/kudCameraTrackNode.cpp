@@ -1,0 +1,3 @@
+#include "host/services/kudCameraTrackNode.h"
+
+kudCameraTrackNode::~kudCameraTrackNode() = default;

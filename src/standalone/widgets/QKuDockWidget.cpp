@@ -1,0 +1,3 @@
+#include "host/widgets/QKuDockWidget.h"
+
+QKuDockWidget::~QKuDockWidget() = default;
