@@ -9,6 +9,7 @@
 #include <map>
 #include <set>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "host/osg/Geometry.h"
@@ -257,6 +258,9 @@ class KUVARIANTS_EXPORT kuVariants {
   using Switches = std::set<osg::SwitchMaterialPtr>;
   using Materials = std::set<osg::MaterialPtr>;
 
+  class CaptureWalk;
+  class SnapshotComparison;
+
   // The walk of a capture.
   static void captureVariantsFromRootNode(kuVariantSet* set, kuNodePtr node, bool inclNodes,
                                           bool inclMats, bool inclLights, bool inclEnv,
@@ -285,6 +289,8 @@ class KUVARIANTS_EXPORT kuVariants {
                                       Materials& handledMaterials, bool isCapturing,
                                       bool sendMessage);
   static bool checkIfNodeMatchesNodePath(osg::NodePtr node, const char* path, bool applyToAll);
+  /** The first of the nodes of that path, or null. */
+  static osg::NodePtr firstNodeOfPath(const char* path);
   static void keepNodesWithPath(std::vector<kuNodePtr>& nodes, const char* path);
   static void changeMaterial(osg::NodePtr node, osg::MaterialPtr material);
   static bool compareSwitches(osg::SwitchMaterialPtr a, osg::SwitchMaterialPtr b);
@@ -315,7 +321,7 @@ class KUVARIANTS_EXPORT kuVariants {
   /** Hash of a node path to the nodes of that hash. */
   static std::unordered_map<std::uint32_t, std::vector<kuNodePtr>> _nodePathIndex;
   /** The geometry cores that a capture has met; empty between captures. */
-  static std::set<osg::GeometryPtr> _capturedGeometryCores;
+  static std::unordered_set<osg::GeometryPtr> _capturedGeometryCores;
 
   static kuNamedList<kuNodeVariant> _nodeVariants;
   static kuNamedList<kuMaterialVariant> _materialVariants;

@@ -17,6 +17,8 @@ kuNamedList<kuOverlayVariant> kuVariants::_overlayVariants;
 kuNamedList<kuTransformVariant> kuVariants::_transformVariants;
 kuNamedList<kuVariantSet> kuVariants::_variantSets;
 kuNamedList<kuVariantGroup> kuVariants::_variantGroups;
+std::unordered_map<std::uint32_t, std::vector<kuNodePtr>> kuVariants::_nodePathIndex;
+std::unordered_set<osg::GeometryPtr> kuVariants::_capturedGeometryCores;
 bool kuVariants::_recurse = false;
 kuVariants kuVariants::_the;
 

@@ -1,0 +1,36 @@
+#include <QGuiApplication>
+#include <QMainWindow>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "capture/kuVariantCaptureChecker.h"
+#include "host/kernel/kuController.h"
+#include "manager/kuVariants.h"
+
+// Whether the names of the scene allow a capture.
+
+bool kuVariants::verifyNodeNames() {
+  kuVariantCaptureChecker checker;
+  if (!checker.hasAmbiguousNodes()) return true;
+  if (!showAmbiguousNodesDialog(checker.containsAmbiguousVariantSets())) return false;
+  checker.fixAmbiguousNodes();
+  return true;
+}
+
+bool kuVariants::showAmbiguousNodesDialog(bool warnAboutVariantSets) {
+  QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+  QString text =
+      tr("Some nodes have the same name and/or node path. In order to continue, the names of those "
+         "nodes will be changed.\n ");
+  if (warnAboutVariantSets) {
+    text += tr("\nWarning: Renaming might break existing variant sets!\n");
+  }
+  QMessageBox dialog(QMessageBox::Question, tr("Ambiguous node names detected"), text,
+                     QMessageBox::Yes | QMessageBox::No, kuController::getMainWindow(),
+                     Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint);
+  dialog.button(QMessageBox::Yes)->setText(tr("Rename"));
+  dialog.button(QMessageBox::No)->setText(tr("Cancel"));
+  const int answer = dialog.exec();
+  QGuiApplication::restoreOverrideCursor();
+  return answer == QMessageBox::Yes;
+}
