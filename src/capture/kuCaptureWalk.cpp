@@ -141,11 +141,13 @@ void kuVariants::CaptureWalk::snapshot(const osg::NodePtr& node, const QString& 
   checkIfNodeMatchesNodePath(node, path.toUtf8().constData(), true);
 }
 
-void kuVariants::captureVariantsFromRootNode(
-    kuVariantSet* set, kuNodePtr node, bool inclNodes, bool inclMats, bool inclLights, bool inclEnv,
-    bool inclTransforms, bool inclRenderLayers, MaterialSnapshots& snapshots,
-    std::vector<kuNodePtr> roots, NodePaths& handledPaths, Switches& createdSwitches,
-    Materials& handledMaterials, bool sendMessage) {
+void kuVariants::captureVariantsFromRootNode(kuVariantSet* set, kuNodePtr node, bool inclNodes,
+                                             bool inclMats, bool inclLights, bool inclEnv,
+                                             bool inclTransforms, bool inclRenderLayers,
+                                             MaterialSnapshots& snapshots,
+                                             std::vector<kuNodePtr> roots, NodePaths& handledPaths,
+                                             Switches& createdSwitches, Materials& handledMaterials,
+                                             bool sendMessage) {
   CaptureWalk walk(
       set, {inclNodes, inclMats, inclLights, inclEnv, inclTransforms, inclRenderLayers}, snapshots,
       std::move(roots), handledPaths, createdSwitches, handledMaterials, sendMessage);
@@ -158,8 +160,8 @@ bool kuVariants::checkAndSetNodeActive(osg::NodePtr node, kuVariantSet* set, boo
   if (!inclNodes) return false;
   if (kuActiveNodes::differ(node)) {
     // A variant of that name would reach the active ones too.
-    set->appendToScript(QStringLiteral("findNodePath(\"%1\").setActive(false)")
-                            .arg(getNodePath(node)));
+    set->appendToScript(
+        QStringLiteral("findNodePath(\"%1\").setActive(false)").arg(getNodePath(node)));
   } else if (kuNodeVariant* variant = createNodeVariant(node, sendMessage)) {
     set->add(variant, QStringLiteral("!Disable"));
   }
@@ -173,8 +175,7 @@ void kuVariants::addMaterialGroupIgnoreToVSet(osg::NodePtr node, osg::MaterialGr
       QStringLiteral("setIgnoreMaterialGroup(\"%1\",%2)").arg(getNodePath(node), ignore));
 }
 
-void kuVariants::captureMaterials(kuVariantSet* set, osg::MaterialPtr& material,
-                                  bool sendMessage) {
+void kuVariants::captureMaterials(kuVariantSet* set, osg::MaterialPtr& material, bool sendMessage) {
   if (!material) return;
   captureMaterialVariantFromMultiStateMaterial(set, material, sendMessage);
   const osg::MFMaterialPtr* field = kuMaterials::getSubMaterials(material);

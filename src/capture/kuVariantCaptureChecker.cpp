@@ -126,7 +126,8 @@ void kuVariantCaptureChecker::findAmbiguousNodes(const osg::NodePtr& node) {
   const std::string name = kuNodeUtils::getName(node);
   const auto entry = coresByName.try_emplace(QString::fromStdString(name));
   entry.first->second.push_back(core);
-  if (!entry.second) coresByStrippedName[kuNodeUtils::getStrippedName(name).baseName].push_back(core);
+  if (!entry.second)
+    coresByStrippedName[kuNodeUtils::getStrippedName(name).baseName].push_back(core);
   if (areTransformVariantsNamesAmbiguous(node)) coresWithAmbiguousTransformVariants.insert(core);
   if (osg::GeometryPtr::dcast(core)) return;
   for (unsigned child = 0; child < node->getNChildren(); ++child)

@@ -71,10 +71,9 @@ void captureViewpoint(kuVariantSet* set, bool useSetNameForView) {
 }
 
 void announceEverything() {
-  for (const char* message :
-       {"lightVariantChanged", "nodeVariantChanged", "materialVariantChanged",
-        "overlayVariantChanged", "transformVariantChanged", "variantSetChanged",
-        "variantGroupChanged"})
+  for (const char* message : {"lightVariantChanged", "nodeVariantChanged", "materialVariantChanged",
+                              "overlayVariantChanged", "transformVariantChanged",
+                              "variantSetChanged", "variantGroupChanged"})
     kuController::call(message, 1);
 }
 
@@ -119,8 +118,8 @@ void kuVariants::captureVariantsFromRootNodes(kuVariantSet* set, std::vector<kuN
   if (inclSceneplates) captureSceneplateVariants(set, sendMessage);
   if (inclEnv) {
     captureVariantsFromRootNode(set, kuScenegraph::environmentGeometrySwitch(), false, false, false,
-                                true, false, false, snapshots, roots, handledPaths,
-                                createdSwitches, handledMaterials, sendMessage);
+                                true, false, false, snapshots, roots, handledPaths, createdSwitches,
+                                handledMaterials, sendMessage);
   }
   set->setMaterialSnapshots(std::move(snapshots));
   if (inclView) captureViewpoint(set, useSetNameForView);
@@ -128,7 +127,6 @@ void kuVariants::captureVariantsFromRootNodes(kuVariantSet* set, std::vector<kuN
     set->addTargetNodeName(QString::fromUtf8(kuNodeUtils::getName(root)));
   set->setInclInfo(inclNodes, inclMats, inclLights, inclEnv, inclView, inclSceneplates);
   if (inclRenderLayers) {
-    set->appendToScript(
-        QStringLiteral("activateRenderLayerState(\"%1\")").arg(set->getName()));
+    set->appendToScript(QStringLiteral("activateRenderLayerState(\"%1\")").arg(set->getName()));
   }
 }

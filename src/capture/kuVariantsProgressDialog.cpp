@@ -33,8 +33,7 @@ QLabel* captureLabel() {
 void kuVariants::initVSetProgressDialog(QProgressDialog* dialog) {
   if (!dialog) return;
   // Without a close button.
-  dialog->setParent(parentOfDialog(),
-                    Qt::Window | Qt::WindowTitleHint | Qt::CustomizeWindowHint);
+  dialog->setParent(parentOfDialog(), Qt::Window | Qt::WindowTitleHint | Qt::CustomizeWindowHint);
   dialog->setRange(0, 0);
   dialog->setWindowTitle(tr("Variant Set: Capture Variant..."));
   dialog->setCancelButton(nullptr);

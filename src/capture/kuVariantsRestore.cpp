@@ -10,7 +10,8 @@
 #include "manager/kuVariants.h"
 #include "model/kuVariantSet.h"
 
-// The materials that the sets remember, put back to the nodes, and the activation of a captured set.
+// The materials that the sets remember, put back to the nodes, and the activation of a captured
+// set.
 
 namespace {
 

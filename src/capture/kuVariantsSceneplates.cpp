@@ -11,15 +11,14 @@
 
 namespace {
 
-QString nameOf(const osg::NodePtr& node) {
-  return QString::fromUtf8(kuNodeUtils::getName(node));
-}
+QString nameOf(const osg::NodePtr& node) { return QString::fromUtf8(kuNodeUtils::getName(node)); }
 
 /** Unlike the walk over the scene this tells a switch that shows all from one that shows none. */
 QString switchState(const osg::NodePtr& node, int choice) {
   if (!node->getActive()) return QStringLiteral("!None");
   if (choice == -2) return QStringLiteral("!All");
-  if (choice < 0 || choice >= static_cast<int>(node->getNChildren())) return QStringLiteral("!None");
+  if (choice < 0 || choice >= static_cast<int>(node->getNChildren()))
+    return QStringLiteral("!None");
   const osg::NodePtr child = node->getChild(static_cast<unsigned>(choice));
   return child ? nameOf(child) : QStringLiteral("!None");
 }

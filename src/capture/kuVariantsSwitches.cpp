@@ -160,10 +160,10 @@ void kuVariants::optimizeMaterialSwitches(kuNodePtr node, QString path,
   if (!material || material == oldMaterial) return;
   const auto own = osg::SwitchMaterialPtr::dcast(material);
   if (!own) return;
-  const auto earlier = std::find_if(
-      createdSwitches.begin(), createdSwitches.end(), [&](const osg::SwitchMaterialPtr& other) {
-        return other && other != own && compareSwitches(own, other);
-      });
+  const auto earlier = std::find_if(createdSwitches.begin(), createdSwitches.end(),
+                                    [&](const osg::SwitchMaterialPtr& other) {
+                                      return other && other != own && compareSwitches(own, other);
+                                    });
   if (earlier == createdSwitches.end()) return;
   target = *earlier;
   changeMaterial(node, target);

@@ -66,4 +66,48 @@ struct kuVariantsTestAccess {
   static QByteArray previewFromFrameBuffer(kuVariantSet* set) {
     return kuVariants::getPreviewImageFromFrameBuffer(set);
   }
+
+  // The parts of a capture that have to do with materials.
+
+  /** What one capture has met so far. */
+  struct CaptureContainers {
+    kuVariants::NodePaths handledPaths;
+    kuVariants::Switches createdSwitches;
+    kuVariants::Materials handledMaterials;
+  };
+  static void rebuildNodePathIndex() { kuVariants::rebuildNodePathIndex(); }
+  static void handleMaterialSnapshots(kuVariantSet* set, const kuNodePtr& node, const QString& path,
+                                      const osg::MaterialPtr& material, CaptureContainers& met,
+                                      bool isCapturing) {
+    kuVariants::handleMaterialSnapshots(set, node, path, material, {}, met.handledPaths,
+                                        met.createdSwitches, met.handledMaterials, isCapturing,
+                                        false);
+  }
+  static bool checkIfNodeMatchesNodePath(const osg::NodePtr& node, const char* path,
+                                         bool applyToAll) {
+    return kuVariants::checkIfNodeMatchesNodePath(node, path, applyToAll);
+  }
+  static void keepNodesWithPath(std::vector<kuNodePtr>& nodes, const char* path) {
+    kuVariants::keepNodesWithPath(nodes, path);
+  }
+  static void changeMaterial(const osg::NodePtr& node, const osg::MaterialPtr& material) {
+    kuVariants::changeMaterial(node, material);
+  }
+  static bool compareSwitches(const osg::SwitchMaterialPtr& a, const osg::SwitchMaterialPtr& b) {
+    return kuVariants::compareSwitches(a, b);
+  }
+  static bool checkIfMaterialAlreadyAdded(const osg::MaterialPtr& material,
+                                          const osg::SwitchMaterialPtr& target) {
+    return kuVariants::checkIfMaterialAlreadyAdded(material, target);
+  }
+  static bool checkForMaterialRecursion(const osg::MaterialPtr& material,
+                                        const osg::SwitchMaterialPtr& target) {
+    return kuVariants::checkForMaterialRecursion(material, target);
+  }
+  static void optimizeMaterialSwitches(const kuNodePtr& node, const QString& path,
+                                       const osg::MaterialPtr& oldMaterial,
+                                       const osg::SwitchMaterialPtr& target,
+                                       CaptureContainers& met) {
+    kuVariants::optimizeMaterialSwitches(node, path, oldMaterial, target, met.createdSwitches);
+  }
 };
