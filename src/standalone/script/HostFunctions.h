@@ -14,10 +14,22 @@ namespace kuStandalone {
 /** Pnt3f and Vec3f. */
 void defineVectorClasses();
 
+/** kuNodePtr. */
+void defineNodeClass();
+
+/** kuMaterialPtr. */
+void defineMaterialClass();
+
+/** std::vector<std::string> is a list to Python. */
+void defineConverters();
+
+/** The repr of a handle: its class and name. */
+std::string handleText(const char* className, bool valid, const std::string& name);
+
 /** Setting and reading of the clipping. */
 void defineClippingFunctions();
 
-/** Nodes by path, and what captured scripts do with them. */
+/** Nodes and materials by name and path, and what captured scripts do with them. */
 void defineSceneFunctions();
 
 /** What findNodePath answers: the node of that path, or an invalid handle and a warning. */

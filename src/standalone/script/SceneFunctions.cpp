@@ -1,10 +1,11 @@
 #include <boost/python.hpp>
 
 #include "host/kernel/kuLog.h"
+#include "host/kernel/kuScenegraph.h"
 #include "host/osg/EditCP.h"
+#include "host/utils/kuMaterials.h"
 #include "standalone/scene/Cores.h"
 #include "standalone/scene/EditBrackets.h"
-#include "standalone/scene/SceneNode.h"
 #include "standalone/script/DefineCommand.h"
 #include "standalone/script/HostFunctions.h"
 #include "standalone/script/LogText.h"
@@ -17,12 +18,6 @@ namespace kuStandalone {
 namespace {
 
 constexpr std::size_t kLogPathBytes = 300;
-
-std::string nodeName(const kuNodePtr& node) {
-  return node.isValid() ? SceneNode::of(node.getNode()).name() : std::string();
-}
-
-bool nodeActive(const kuNodePtr& node) { return node.isValid() && node.getNode()->getActive(); }
 
 void setIgnoreMaterialGroup(const std::string& path, bool ignore) {
   const osg::NodePtr node = findNodeByPath(path);
@@ -38,6 +33,19 @@ void setIgnoreMaterialGroup(const std::string& path, bool ignore) {
   MaterialGroupCore::of(group).ignore = ignore;
 }
 
+kuNodePtr findNode(const std::string& name) { return kuScenegraph::findNode(name.c_str()); }
+
+bp::list findNodes(const std::string& name) {
+  bp::list nodes;
+  for (const kuNodePtr& node : kuScenegraph::findNodes(name.c_str()))
+    nodes.append(node);
+  return nodes;
+}
+
+kuMaterialPtr findMaterial(const std::string& name) {
+  return kuMaterials::findMaterial(name.c_str());
+}
+
 }  // namespace
 
 kuNodePtr findNodePath(const std::string& path) {
@@ -49,23 +57,21 @@ kuNodePtr findNodePath(const std::string& path) {
   return node;
 }
 
-void setNodeActive(const kuNodePtr& node, bool active) {
-  if (!node.isValid()) return;
-  const osg::EditCP edit(node.getNode(), osg::Node::TravMaskFieldMask);
-  node.getNode()->setActive(active);
-}
-
 void defineSceneFunctions() {
   const bp::scope globals{bp::import("__main__")};
-  bp::class_<kuNodePtr>("kuNodePtr", "A node of the scene, or none.")
-      .def("isValid", &kuNodePtr::isValid, "Whether it holds a node.")
-      .def("getName", nodeName, "The node's name; empty without a node.")
-      .def("getActive", nodeActive, "The node's visibility flag; False without a node.")
-      .def("setActive", setNodeActive, bp::arg("active"),
-           "Sets the node's visibility flag; nothing happens without a node.");
-  defineCommand("findNodePath", findNodePath, bp::arg("path"));
+  // What a script alone may call; the two behind it are commands.
+  bp::def("findNode", findNode, bp::arg("name"),
+          "The first node of that name; a kuNodePtr that is not valid if there is none.");
+  bp::def("findNodes", findNodes, bp::arg("name"),
+          "All nodes of that name, clones included, as a list.");
+  bp::def("findMaterial", findMaterial, bp::arg("name"),
+          "The first material of that name; a kuMaterialPtr that is not valid if there is none.");
+  defineCommand("findNodePath", findNodePath, bp::arg("path"),
+                "The node of that path: the names from below the scene's root down to the node, "
+                "joined by \"/\". A kuNodePtr that is not valid, and a warning, if there is none.");
   defineCommand("setIgnoreMaterialGroup", setIgnoreMaterialGroup,
-                (bp::arg("path"), bp::arg("ignore")));
+                (bp::arg("path"), bp::arg("ignore")),
+                "Has the material group of that path ignored or not.");
 }
 
 }  // namespace kuStandalone

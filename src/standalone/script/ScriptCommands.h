@@ -8,8 +8,9 @@
 namespace kuStandalone {
 
 /**
- * The functions that a text may call while scripts are off. They must do no harm whatever the
- * arguments are, since documents and partners choose these.
+ * The functions that a text may call while scripts are off: the host's own, and those that
+ * libraries brought (LibraryModules). They must do no harm whatever the arguments are, since
+ * documents and partners choose these.
  */
 class KUHOST_EXPORT ScriptCommands {
  public:

@@ -4,6 +4,7 @@
 
 #include "host/kernel/kuLog.h"
 #include "standalone/script/HostFunctions.h"
+#include "standalone/script/LibraryModules.h"
 #include "standalone/script/ScriptError.h"
 #include "standalone/script/SyntaxTree.h"
 
@@ -48,9 +49,14 @@ void redirectStreams() {
 }
 
 void defineNames() {
+  // Python's help tells the arguments, and nothing of C++.
+  const bp::docstring_options texts(true, true, false);
   ScriptInterpreter::globals()["true"] = true;
   ScriptInterpreter::globals()["false"] = false;
+  defineConverters();
   defineVectorClasses();
+  defineNodeClass();
+  defineMaterialClass();
   defineClippingFunctions();
   defineSceneFunctions();
 }
@@ -62,6 +68,7 @@ void ScriptInterpreter::start() {
   if (started) return;
   started = true;
   if (!Py_IsInitialized()) {
+    LibraryModules::offer();
     isolate();
     Py_InitializeEx(0);
   }
@@ -69,6 +76,7 @@ void ScriptInterpreter::start() {
     SyntaxTree::captureClasses();
     redirectStreams();
     defineNames();
+    LibraryModules::import();
   } catch (const bp::error_already_set&) {
     kuLog::error("Python could not be prepared: %s", takeError().c_str());
   }

@@ -21,7 +21,8 @@ class KUHOST_EXPORT ScriptInterpreter {
  public:
   ScriptInterpreter() = delete;
 
-  /** Starts it if it is not running, with the host's functions in the global namespace. */
+  /** Starts it if it is not running, with the functions of the host and the modules of libraries
+   * in the global namespace. */
   static void start();
 
   /** The dictionary of the global namespace, `__main__`. */

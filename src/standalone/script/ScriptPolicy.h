@@ -20,7 +20,8 @@ struct ScriptRefusal {
 
 /**
  * Whether scripts may run. Off at first: then only texts made wholly of commands run, and whatever
- * else comes is refused, logged and noted here.
+ * else comes is refused, logged and noted here. What libraries run while the interpreter starts is
+ * no document's and runs always.
  *
  * What is guaranteed while scripts are off: not a statement of a refused text runs, and of a text
  * that passes nothing runs but the registered functions themselves, whatever their names are bound

@@ -6,6 +6,7 @@
 #include "host/kernel/kuLog.h"
 #include "standalone/kernel/HostState.h"
 #include "standalone/script/CommandText.h"
+#include "standalone/script/LibraryModules.h"
 #include "standalone/script/LogText.h"
 #include "standalone/script/ScriptInterpreter.h"
 #include "standalone/script/ScriptPolicy.h"
@@ -55,17 +56,22 @@ Answer runIfCommands(const char* code, int startSymbol) {
   return std::nullopt;
 }
 
+bool mayRunScripts() { return ScriptPolicy::allowed() || LibraryModules::areBeingImported(); }
+
+Answer failed(const char* reason) {
+  logFailure(reason);
+  return std::nullopt;
+}
+
 Answer perform(const char* code, int startSymbol) {
   const Nesting nesting;
-  if (Nesting::isTooDeep()) {
-    logFailure("scripts run inside one another too deep");
-    return std::nullopt;
-  }
+  if (Nesting::isTooDeep()) return failed("scripts run inside one another too deep");
   ScriptInterpreter::start();
+  // A library that offers its modules is asked before Python runs.
+  if (!Py_IsInitialized()) return failed("the interpreter does not run yet");
   Answer answer;
   try {
-    answer =
-        ScriptPolicy::allowed() ? runPython(code, startSymbol) : runIfCommands(code, startSymbol);
+    answer = mayRunScripts() ? runPython(code, startSymbol) : runIfCommands(code, startSymbol);
   } catch (const bp::error_already_set&) {
     // SystemExit and KeyboardInterrupt too: a script does not end the application.
     logFailure(ScriptInterpreter::takeError());
