@@ -130,6 +130,12 @@ void dump(std::ostream& out, const char* kind, const kuVariant& variant, const Q
 
 }  // namespace
 
+std::string setDump(const kuVariantSet& set) {
+  std::ostringstream out;
+  dump(out, set);
+  return out.str();
+}
+
 std::string managerDump() {
   std::ostringstream out;
   for (const auto* group : kuVariants::getVariantGroups())

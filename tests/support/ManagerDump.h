@@ -2,6 +2,8 @@
 
 #include <string>
 
+class kuVariantSet;
+
 /**
  * Everything that the manager holds, as text: groups with the names of their sets, sets with all
  * fields, variants with their options. One line per field that is not as in a new object, so that a
@@ -15,3 +17,6 @@
  *     option Open hotkey=Ctrl+A
  */
 std::string managerDump();
+
+/** One set of it. */
+std::string setDump(const kuVariantSet& set);

@@ -44,6 +44,13 @@ osg::NodePtr SceneBuilder::switchNode(const std::string& name, int choice, const
   return node;
 }
 
+osg::NodePtr SceneBuilder::environmentSwitch(const std::string& name, int choice,
+                                             const Names& children, const osg::NodePtr& parent) {
+  const osg::NodePtr node = switchNode(name, choice, children, parent);
+  SwitchCore::of(node->getCore()).environment = true;
+  return node;
+}
+
 osg::NodePtr SceneBuilder::transforms(const std::string& name, const Names& states, unsigned choice,
                                       int supposed, const osg::NodePtr& parent) {
   std::vector<TransformState> named;
@@ -109,6 +116,10 @@ osg::MaterialPtr SceneBuilder::presetMaterial(const std::string& name, const Nam
   return pooled(PresetMaterial::create(name, presets, present));
 }
 
+osg::MaterialPtr SceneBuilder::environmentMaterial(const std::string& name) {
+  return pooled(EnvironmentMaterial::create(name));
+}
+
 osg::SwitchMaterialPtr SceneBuilder::switchMaterial(const std::string& name,
                                                     const std::vector<osg::MaterialPtr>& materials,
                                                     unsigned choice) {
@@ -138,6 +149,12 @@ Viewpoint& SceneBuilder::camera(const std::string& name) {
 
 void SceneBuilder::setActive(const osg::NodePtr& node, bool active) {
   SceneNode::of(node).setActiveFlag(active);
+}
+
+RenderLayerPtr SceneBuilder::renderLayer(const osg::NodePtr& node) {
+  const RenderLayerPtr layer = RenderLayer::create({false, true, true});
+  SceneNode::of(node).setRenderLayer(layer);
+  return layer;
 }
 
 int SceneBuilder::choice(const osg::NodePtr& node) {

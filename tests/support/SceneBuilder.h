@@ -5,6 +5,7 @@
 
 #include "host/kuSceneInterface.h"
 #include "standalone/scene/Cores.h"
+#include "standalone/scene/RenderLayer.h"
 #include "standalone/scene/Scene.h"
 
 /**
@@ -24,6 +25,9 @@ class SceneBuilder {
   /** A switch whose children are groups of those names. */
   osg::NodePtr switchNode(const std::string& name, int choice, const Names& children,
                           const osg::NodePtr& parent = {});
+  /** A switch that selects environment geometry. */
+  osg::NodePtr environmentSwitch(const std::string& name, int choice, const Names& children,
+                                 const osg::NodePtr& parent = {});
   /** A transform with named states; @p supposed -1 for none. */
   osg::NodePtr transforms(const std::string& name, const Names& states, unsigned choice,
                           int supposed, const osg::NodePtr& parent = {});
@@ -45,6 +49,7 @@ class SceneBuilder {
 
   osg::MaterialPtr material(const std::string& name);
   osg::MaterialPtr presetMaterial(const std::string& name, const Names& presets, int present);
+  osg::MaterialPtr environmentMaterial(const std::string& name);
   osg::SwitchMaterialPtr switchMaterial(const std::string& name,
                                         const std::vector<osg::MaterialPtr>& materials,
                                         unsigned choice);
@@ -57,6 +62,8 @@ class SceneBuilder {
 
   /** Sets the node's flag as data, without an edit bracket. */
   static void setActive(const osg::NodePtr& node, bool active);
+  /** Gives the node a render layer that is not in its default state. */
+  static kuStandalone::RenderLayerPtr renderLayer(const osg::NodePtr& node);
   static int choice(const osg::NodePtr& node);
   static unsigned transformChoice(const osg::NodePtr& node);
   static int supposedIndex(const osg::NodePtr& node);
