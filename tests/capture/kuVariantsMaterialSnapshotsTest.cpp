@@ -162,8 +162,8 @@ TEST_F(kuVariantsMaterialSnapshotsTest, SnapshotOfAnAbsentMaterialDoesNotEndTheC
 
 TEST_F(kuVariantsMaterialSnapshotsTest, PathWithoutANodeInTheSceneIsSkipped) {
   setWith("A", {{"Gone", "Blue"}});
-  const osg::NodePtr gone = kuStandalone::SceneNode::create(
-      "Gone", kuStandalone::GeometryCore::create(red));
+  const osg::NodePtr gone =
+      kuStandalone::SceneNode::create("Gone", kuStandalone::GeometryCore::create(red));
   captureInto(*kuVariants::createVariantSet("B", false, nullptr), gone);
   EXPECT_THAT(sets(), ElementsAre("A: Gone=Blue", "B: Gone=Red"));
   EXPECT_THAT(switches(), IsEmpty());
@@ -214,8 +214,7 @@ TEST_F(kuVariantsMaterialSnapshotsTest, CaptureWithoutMaterialsChangesNothing) {
 TEST_F(kuVariantsMaterialSnapshotsTest, CapturedSetOfAllKindsHasItsMaterialsToo) {
   setWith("A", {{"Roof", "Blue"}});
   kuVariants::createAndCaptureVariantSet("B", "Group");
-  EXPECT_THAT(sets(),
-              ElementsAre("A: Roof=Switch | Switch=Blue", "B: Roof=Switch | Switch=Red"));
+  EXPECT_THAT(sets(), ElementsAre("A: Roof=Switch | Switch=Blue", "B: Roof=Switch | Switch=Red"));
   EXPECT_THAT(messages.linesOf("materialVariantAdded"), IsEmpty());
 }
 
@@ -230,8 +229,7 @@ TEST_F(kuVariantsMaterialSnapshotsTest, NewVariantIsAnnouncedWhereThatIsWished) 
 TEST_F(kuVariantsMaterialSnapshotsTest, NewVariantIsNotAnnouncedWhereThatIsNotWished) {
   setWith("A", {{"Roof", "Blue"}});
   capture("B", false);
-  EXPECT_THAT(messages.lines(),
-              ElementsAre("MaterialGetUniqueName/1 name:string=Switch"));
+  EXPECT_THAT(messages.lines(), ElementsAre("MaterialGetUniqueName/1 name:string=Switch"));
 }
 
 TEST_F(kuVariantsMaterialSnapshotsTest, VariantIsAnnouncedWhenTheSwitchHasBothAndTheNodeBearsIt) {
