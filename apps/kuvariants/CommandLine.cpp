@@ -70,12 +70,21 @@ void describe(CLI::App& app, Invocation& invocation) {
   addSceneCommand(app, invocation);
   addListCommand(app, invocation);
   addCreateCommand(app, invocation);
+  addCaptureCommand(app, invocation);
   addSelectCommand(app, invocation);
   addRenderCommand(app, invocation);
   addVerifyCommand(app, invocation);
   addOptimizeCommand(app, invocation);
   for (CLI::App* command : app.get_subcommands({}))
     command->fallthrough();
+}
+
+CLI::Option& documentArgument(CLI::App& command, Invocation& invocation, const char* help) {
+  return *command
+              .add_option_function<std::string>(
+                  "DOCUMENT",
+                  [&](const std::string& file) { invocation.document = fileName(file); }, help)
+              ->type_name("");
 }
 
 std::string helpOf(const CLI::App& app) {
@@ -127,12 +136,25 @@ void addSceneArgument(CLI::App& command, Invocation& invocation) {
 }
 
 void addDocumentArgument(CLI::App& command, Invocation& invocation) {
+  documentArgument(command, invocation, "Variants document (XML)").required();
+}
+
+void addOptionalDocumentArgument(CLI::App& command, Invocation& invocation) {
+  documentArgument(command, invocation, "Variants document (XML); none begins an empty\none");
+}
+
+void addSaveSceneOption(CLI::App& command, Invocation& invocation) {
   command
       .add_option_function<std::string>(
-          "DOCUMENT", [&](const std::string& file) { invocation.document = fileName(file); },
-          "Variants document (XML)")
-      ->required()
-      ->type_name("");
+          "--save-scene", [&](const std::string& file) { invocation.saveScene = fileName(file); },
+          "Write the scene as it is at the end")
+      ->type_name("FILE");
+}
+
+void addNoRestoreOption(CLI::App& command, bool& restoreMaterials) {
+  command.add_flag_callback(
+      "--no-restore", [&] { restoreMaterials = false; },
+      "Do not put the materials of captured sets back\nto their nodes first");
 }
 
 CLI::Option& addSaveDocumentOption(CLI::App& command, Invocation& invocation) {

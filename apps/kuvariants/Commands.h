@@ -14,6 +14,7 @@ class Option;
 void addSceneCommand(CLI::App& app, Invocation& invocation);
 void addListCommand(CLI::App& app, Invocation& invocation);
 void addCreateCommand(CLI::App& app, Invocation& invocation);
+void addCaptureCommand(CLI::App& app, Invocation& invocation);
 void addSelectCommand(CLI::App& app, Invocation& invocation);
 void addRenderCommand(CLI::App& app, Invocation& invocation);
 void addVerifyCommand(CLI::App& app, Invocation& invocation);
@@ -22,6 +23,15 @@ void addOptimizeCommand(CLI::App& app, Invocation& invocation);
 /** The arguments SCENE and DOCUMENT. */
 void addSceneArgument(CLI::App& command, Invocation& invocation);
 void addDocumentArgument(CLI::App& command, Invocation& invocation);
+
+/** An argument DOCUMENT that may be left out. */
+void addOptionalDocumentArgument(CLI::App& command, Invocation& invocation);
+
+/** The option --save-scene FILE. */
+void addSaveSceneOption(CLI::App& command, Invocation& invocation);
+
+/** The option --no-restore, which makes the flag false. */
+void addNoRestoreOption(CLI::App& command, bool& restoreMaterials);
 
 /** The option -o DOCUMENT. */
 CLI::Option& addSaveDocumentOption(CLI::App& command, Invocation& invocation);

@@ -107,6 +107,7 @@ void addArguments(CLI::App& command, RenderOptions& options, Invocation& invocat
   addSizeOption(command, invocation.picture);
   addSamplesOption(command, invocation.picture);
   command.add_flag("--cumulative", options.cumulative, "Put each set on top of the one before");
+  addNoRestoreOption(command, options.restoreMaterials);
   addFileOptions(command, options, invocation);
 }
 

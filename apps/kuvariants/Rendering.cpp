@@ -158,8 +158,7 @@ class Rendering {
   void render(const QString& name) {
     QElapsedTimer time;
     time.start();
-    existingSet(name);
-    kuVariants::selectVariantSet(name.toUtf8().constData(), false);
+    activateSet(name, false, _options.restoreMaterials);
     SetPicture picture = describe(name);
     const std::string path = inFolder(_options.folder, picture.file);
     const QImage image = take(name, _invocation.picture);

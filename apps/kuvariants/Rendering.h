@@ -18,6 +18,8 @@ struct RenderOptions {
   std::vector<QString> sets;
   /** Each set on top of the one before, not from the start. */
   bool cumulative = false;
+  /** Put the materials that captured sets remember back to their nodes first. */
+  bool restoreMaterials = true;
   /** Put pictures into the sets' previews as well. */
   bool previews = false;
 };

@@ -3,27 +3,11 @@
 #include "Commands.h"
 #include "PictureOptions.h"
 #include "Selection.h"
-#include "Text.h"
+#include "VariantOption.h"
 
 namespace {
 
 QString textOf(const std::string& argument) { return QString::fromStdString(unmarked(argument)); }
-
-/** KIND:NAME=STATE, split at the first ":" and at the first "=" behind it. */
-StateRequest readRequest(const std::string& argument) {
-  const QString text = textOf(argument);
-  const int colon = text.indexOf(QLatin1Char(':'));
-  const int equals = text.indexOf(QLatin1Char('='), colon + 1);
-  if (colon < 0 || equals < 0) {
-    throw CLI::ValidationError("--variant", "not of the form KIND:NAME=STATE: " + escaped(text));
-  }
-  const Kind* kind = findKind(text.left(colon));
-  if (!kind) {
-    throw CLI::ValidationError(
-        "--variant", "KIND is node, material, transform, light or overlay: " + escaped(text));
-  }
-  return {kind, text.mid(colon + 1, equals - colon - 1), text.mid(equals + 1)};
-}
 
 void checkTogether(const SelectOptions& options) {
   if (options.sets.empty() && options.states.empty()) {
@@ -47,28 +31,14 @@ void addArguments(CLI::App& command, Invocation& invocation,
           },
           "Sets, selected in this order")
       ->type_name("");
-  command
-      .add_option_function<std::vector<std::string>>(
-          "--variant",
-          [options](const std::vector<std::string>& requests) {
-            for (const std::string& one : requests)
-              options->states.push_back(readRequest(one));
-          },
-          "Put one variant into a state, after the sets;\n"
-          "KIND is node, material, transform, light or\n"
-          "overlay; may be repeated")
-      ->type_name("KIND:NAME=STATE")
-      ->allow_extra_args(false)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  addVariantOption(command, "after the sets", [options](StateRequest request) {
+    options->states.push_back(std::move(request));
+  });
   command.add_flag("--default", options->useDefaults,
                    "Put the sets' variants into their own defaults");
   command.add_flag("--skip-viewpoint", options->skipViewpoint, "Leave the camera alone");
-  command
-      .add_option_function<std::string>(
-          "--save-scene",
-          [&invocation](const std::string& file) { invocation.saveScene = fileName(file); },
-          "Write the scene as it is at the end")
-      ->type_name("FILE");
+  addNoRestoreOption(command, options->restoreMaterials);
+  addSaveSceneOption(command, invocation);
   CLI::Option* picture =
       command
           .add_option_function<std::string>(

@@ -67,7 +67,7 @@ void selectSet(const QString& name, const SelectOptions& options) {
   if (options.useDefaults) {
     set.selectDefault();
   } else {
-    kuVariants::selectVariantSet(name.toUtf8().constData(), options.skipViewpoint);
+    activateSet(name, options.skipViewpoint, options.restoreMaterials);
   }
 }
 
@@ -102,6 +102,15 @@ QString presentViewpoint() { return QString::fromStdString(Scene::the().activeVi
 kuVariantSet& existingSet(const QString& name) {
   if (kuVariantSet* set = kuVariants::findVariantSet(name)) return *set;
   failUnknown("unknown set", name.toStdString(), name, namesOf(kuVariants::getVariantSets()));
+}
+
+void activateSet(const QString& name, bool skipViewpoint, bool restoreMaterials) {
+  const kuVariantSet& set = existingSet(name);
+  // Not by the set's name: a command cannot carry every name, and it leaves no viewpoint out.
+  if (restoreMaterials && !set.getMaterialSnapshots().empty()) {
+    kuVariants::activateCapturedVariantSet("");
+  }
+  kuVariants::selectVariantSet(name.toUtf8().constData(), skipViewpoint);
 }
 
 SelectionReport selectAll(const SelectOptions& options) {

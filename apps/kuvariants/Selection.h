@@ -22,6 +22,8 @@ struct SelectOptions {
   /** Put the sets' variants into their own default states instead. */
   bool useDefaults = false;
   bool skipViewpoint = false;
+  /** Put the materials that captured sets remember back to their nodes first. */
+  bool restoreMaterials = true;
 };
 
 /** A variant before and after; the texts are empty where the state cannot be told. */
@@ -47,6 +49,12 @@ struct SelectionReport {
 
 /** The set of that name, or throws a Failure with the nearest names. */
 kuVariantSet& existingSet(const QString& name);
+
+/**
+ * Selects the set of that name, or throws a Failure. With @p restoreMaterials a captured set has
+ * the materials put back to their nodes before.
+ */
+void activateSet(const QString& name, bool skipViewpoint, bool restoreMaterials);
 
 /** Checks every name, then selects. Throws a Failure for a name that does not exist. */
 SelectionReport selectAll(const SelectOptions& options);

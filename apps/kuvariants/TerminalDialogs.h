@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QObject>
+
+class QMessageBox;
+class QProgressDialog;
+
+/**
+ * The user of a command has no window: while this lives, a question that the library asks is
+ * answered on the terminal, or as the command line says, and its progress dialogue is a line on the
+ * terminal.
+ */
+class TerminalDialogs : public QObject {
+ public:
+  /** How questions are answered. Ask answers "no" where there is no terminal to ask on. */
+  enum class Answer { Yes, No, Ask };
+
+  explicit TerminalDialogs(Answer answer);
+  ~TerminalDialogs() override;
+
+  /** Whether a question was answered "no". */
+  bool refused() const { return _refused; }
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ private:
+  void answer(QMessageBox& box);
+  bool isYes(const QMessageBox& box) const;
+  void showProgress(const QProgressDialog& dialog);
+  void hideProgress();
+
+  const Answer _answer;
+  bool _refused = false;
+  bool _progressShown = false;
+};
