@@ -12,6 +12,7 @@
 #include "model/kuVariantSet.h"
 #include "standalone/scene/Materials.h"
 #include "standalone/scene/Scene.h"
+#include "standalone/scene/SceneNode.h"
 #include "standalone/scene/ScenePool.h"
 #include "support/VariantsTest.h"
 #include "support/kuVariantsTestAccess.h"

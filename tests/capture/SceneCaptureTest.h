@@ -27,12 +27,11 @@ inline CaptureFlags only(bool CaptureFlags::*flag) {
 /** Fixture of the tests that capture the scene. */
 class SceneCaptureTest : public CaptureTest {
  protected:
-  static void capture(kuVariantSet& into, const CaptureFlags& flags,
-                      std::vector<kuNodePtr> roots) {
-    kuVariants::captureVariantsFromRootNodes(
-        &into, std::move(roots), flags.nodes, flags.mats, flags.lights, flags.env, flags.view,
-        flags.transforms, flags.renderLayers, flags.sceneplates, flags.sendMessage,
-        flags.useSetNameForView);
+  static void capture(kuVariantSet& into, const CaptureFlags& flags, std::vector<kuNodePtr> roots) {
+    kuVariants::captureVariantsFromRootNodes(&into, std::move(roots), flags.nodes, flags.mats,
+                                             flags.lights, flags.env, flags.view, flags.transforms,
+                                             flags.renderLayers, flags.sceneplates,
+                                             flags.sendMessage, flags.useSetNameForView);
   }
   void capture(const CaptureFlags& flags) { capture(set, flags, {scene.root()}); }
 

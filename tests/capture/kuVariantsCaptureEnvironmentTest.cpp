@@ -126,8 +126,8 @@ TEST_F(KuVariantsCaptureEnvironmentTest, SharedGeometryIsHandledOnceOverBothWalk
       scene.geometry("Dome", scene.environmentMaterial("Sunset"), surroundings->getChild(0));
   const osg::NodePtr copy = scene.clone(dome, "Copy", scene.group("Car"));
   capture(set, only(&CaptureFlags::env), {copy});
-  EXPECT_THAT(content(), ElementsAre("node Surroundings=City", "target Copy",
-                                     "snapshot Car/Copy=Sunset"));
+  EXPECT_THAT(content(),
+              ElementsAre("node Surroundings=City", "target Copy", "snapshot Car/Copy=Sunset"));
 }
 
 TEST_F(KuVariantsCaptureEnvironmentTest, SceneWithoutEnvironmentSwitchIsCapturedAllTheSame) {

@@ -49,7 +49,8 @@ INSTANTIATE_TEST_SUITE_P(
         SwitchRow{"NoneBelowAllNumbersInUse", -3, true, {"node Body=!None", "target Root"}},
         SwitchRow{"NothingAtTheNumberOfChildren", 2, true, {"target Root"}},
         SwitchRow{"NothingBeyondTheNumberOfChildren", 7, true, {"target Root"}},
-        SwitchRow{"DisableWhereInactiveWithAChild", 1, false, {"node Body=!Disable", "target Root"}},
+        SwitchRow{
+            "DisableWhereInactiveWithAChild", 1, false, {"node Body=!Disable", "target Root"}},
         // The second look at the node, before its children, replaces the state.
         SwitchRow{"DisableWhereInactiveWithNone", -1, false, {"node Body=!Disable", "target Root"}},
         SwitchRow{
@@ -128,8 +129,8 @@ TEST_F(KuVariantsCaptureNodesTest, InactiveMaterialGroupEndsTheWalkAndIsStored) 
 }
 
 TEST_F(KuVariantsCaptureNodesTest, InactiveGeometryIsStoredWithoutItsMaterial) {
-  const osg::NodePtr hood = inactive(scene.geometry(
-      "Hood", scene.switchMaterial("Paint", {scene.material("Red")}, 0)));
+  const osg::NodePtr hood =
+      inactive(scene.geometry("Hood", scene.switchMaterial("Paint", {scene.material("Red")}, 0)));
   scene.switchNode("Body", 0, {"Coupe"}, hood);
   CaptureFlags flags = only(&CaptureFlags::nodes);
   flags.mats = true;
@@ -239,9 +240,9 @@ TEST_F(KuVariantsCaptureNodesTest, LightIsEnabledOnlyWhereActiveAndOn) {
   inactive(scene.light("HiddenOff", false));
   scene.light("", true);
   capture(only(&CaptureFlags::lights));
-  EXPECT_THAT(content(), ElementsAre("light On=!Enable", "light Off=!Disable",
-                                     "light Hidden=!Disable", "light HiddenOff=!Disable",
-                                     "target Root"));
+  EXPECT_THAT(content(),
+              ElementsAre("light On=!Enable", "light Off=!Disable", "light Hidden=!Disable",
+                          "light HiddenOff=!Disable", "target Root"));
 }
 
 TEST_F(KuVariantsCaptureNodesTest, TransformIsStoredWithTheStateThatTheVariantCallsPresent) {

@@ -121,7 +121,8 @@ TEST_F(kuVariantsExistingSwitchTest, SetAfterTwoDifferentSwitchesStillMeetsThePr
   setWith("A", {{"Roof", "Gloss"}});
   setWith("B", {{"Roof", "White"}});
   compare(setWith("C", {}));
-  EXPECT_THAT(sets(), ElementsAre("A: Roof=Gloss", "B: Roof=Paint | Paint=White", "C: | Paint=Paint"));
+  EXPECT_THAT(sets(),
+              ElementsAre("A: Roof=Gloss", "B: Roof=Paint | Paint=White", "C: | Paint=Paint"));
   EXPECT_THAT(switches(), ElementsAre("Paint: *Red Blue White", "Gloss: *Red Green"));
 }
 

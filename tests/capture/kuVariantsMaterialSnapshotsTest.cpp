@@ -1,7 +1,6 @@
 // Materials that differ between captures: one node, and what each set knows of it.
 
 #include "capture/MaterialCaptureTest.h"
-#include "standalone/scene/SceneNode.h"
 #include "support/BracketRecorder.h"
 #include "support/ManagerDump.h"
 #include "support/MessageReceiver.h"

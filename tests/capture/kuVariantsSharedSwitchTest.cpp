@@ -171,8 +171,8 @@ TEST_F(kuVariantsSharedSwitchTest, SplitTakesAPresentSwitchAsAnEntry) {
   compare(setWith("B", {}));
   EXPECT_THAT(sets(), ElementsAre("A: Hood=Paint Roof=Switch | Paint=Blue Switch=Blue",
                                   "B: | Switch=Gloss"));
-  EXPECT_THAT(switches(), ElementsAre("Paint: *Red Blue", "Gloss: *Red Green",
-                                      "Switch: Red Blue *Gloss"));
+  EXPECT_THAT(switches(),
+              ElementsAre("Paint: *Red Blue", "Gloss: *Red Green", "Switch: Red Blue *Gloss"));
 }
 
 TEST_F(kuVariantsSharedSwitchTest, PresentSwitchEqualToTheSharedOneIsNotSplit) {
@@ -255,9 +255,9 @@ TEST_F(kuVariantsSharedSwitchTest, SharedSwitchOfALaterSetIsNoLongerSearched) {
   setWith("A", {{"Roof", "White"}});
   setWith("B", {{"Roof", "Paint"}, {"Hood", "Paint"}}).addMaterialVariant("Paint", "Red");
   compare(setWith("C", {}));
-  EXPECT_THAT(sets(),
-              ElementsAre("A: Roof=Switch | Switch=White",
-                          "B: Hood=Paint Roof=Switch | Paint=Red Switch=Paint", "C: | Switch=Green"));
+  EXPECT_THAT(sets(), ElementsAre("A: Roof=Switch | Switch=White",
+                                  "B: Hood=Paint Roof=Switch | Paint=Red Switch=Paint",
+                                  "C: | Switch=Green"));
   EXPECT_THAT(switches(), ElementsAre("Paint: *Red Blue", "Switch: *Green White Paint"));
 }
 
@@ -269,6 +269,6 @@ TEST_F(kuVariantsSharedSwitchTest, SharingOfOneNodeDoesNotCountForTheNext) {
                                   "Switch2=White",
                                   "B: Door=Switch2 Hood=Paint Roof=Switch | Switch=Green Paint=Red "
                                   "Switch2=Red"));
-  EXPECT_THAT(switches(), ElementsAre("Paint: *Red Blue", "Switch: Red Blue *Green",
-                                      "Switch2: *Red White"));
+  EXPECT_THAT(switches(),
+              ElementsAre("Paint: *Red Blue", "Switch: Red Blue *Green", "Switch2: *Red White"));
 }
