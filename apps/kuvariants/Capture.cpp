@@ -40,8 +40,9 @@ std::vector<std::pair<std::string, int>> duplicateNames() {
     names += " and " + counted(duplicates.size() - most, "other name");
   }
   throw Failure{ExitCode::Findings, "not captured", set.toStdString(),
-                "nodes share a name: " + names + "; --rename-duplicates yes renames all but the "
-                "first of each"};
+                "nodes share a name: " + names +
+                    "; --rename-duplicates yes renames all but the "
+                    "first of each"};
 }
 
 SetContent contentOf(const kuVariantSet& set) {

@@ -23,7 +23,9 @@ struct CaptureOptions {
 };
 
 CLI::Option* addNamesOption(CLI::App& command, const char* option, const char* help) {
-  return command.add_option_function<Names>(option, [](const Names&) {}, help)
+  return command
+      .add_option_function<Names>(
+          option, [](const Names&) {}, help)
       ->type_name("NAME")
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
@@ -50,8 +52,7 @@ void addOptions(CLI::App& command, CaptureOptions& options) {
                   "terminal)")
       ->type_name("ANSWER")
       ->check(CLI::IsMember({"yes", "no", "ask"}));
-  command.add_flag("--skip-viewpoint", options.skipViewpoint,
-                   "Let --after leave the camera alone");
+  command.add_flag("--skip-viewpoint", options.skipViewpoint, "Let --after leave the camera alone");
   addNoRestoreOption(command, options.restoreMaterials);
 }
 
@@ -73,7 +74,8 @@ void appendTo(CaptureStep& step, const CaptureStep& more) {
   step.before.states.insert(step.before.states.end(), states.begin(), states.end());
 }
 
-/** Each --set ends a step. What stands behind the last one belongs to it where it is the only one. */
+/** Each --set ends a step. What stands behind the last one belongs to it where it is the only one.
+ */
 std::vector<CaptureStep> stepsOf(const CLI::App& command, const CaptureOptions& options) {
   std::vector<CaptureStep> steps;
   CaptureStep step = emptyStep(options);
@@ -91,7 +93,8 @@ std::vector<CaptureStep> stepsOf(const CLI::App& command, const CaptureOptions& 
   }
   if (step.before.sets.empty() && step.before.states.empty()) return steps;
   if (steps.size() > 1) {
-    throw CLI::ValidationError("--after and --variant stand in front of the --set that they are for");
+    throw CLI::ValidationError(
+        "--after and --variant stand in front of the --set that they are for");
   }
   appendTo(steps.front(), step);
   return steps;

@@ -54,11 +54,10 @@ CaptureDifference::CaptureDifference() : _variants(variantNames()) {
     std::vector<kuNodePtr> nodes;
     kuNodeUtils::getSceneNodes(nodes, true);
     for (const kuNodePtr& node : nodes)
-      _nodes.push_back({node, kuNodeUtils::getName(node), kuVariants::getNodePath(node),
-                        transformStates(node)});
+      _nodes.push_back(
+          {node, kuNodeUtils::getName(node), kuVariants::getNodePath(node), transformStates(node)});
   }
-  EditBrackets::watch(
-      [this](const osg::FieldContainer& edited, osg::FieldMask) { note(edited); });
+  EditBrackets::watch([this](const osg::FieldContainer& edited, osg::FieldMask) { note(edited); });
 }
 
 CaptureDifference::~CaptureDifference() { EditBrackets::watch({}); }
@@ -76,9 +75,9 @@ QStringList CaptureDifference::addedTo(const osg::SwitchMaterialPtr& material) c
   const auto former = _materials.find(material);
   QStringList added;
   for (const osg::MaterialPtr& entry : material->getMaterials()) {
-    const bool isOld = former != _materials.end() &&
-                       std::find(former->second.begin(), former->second.end(), entry) !=
-                           former->second.end();
+    const bool isOld =
+        former != _materials.end() &&
+        std::find(former->second.begin(), former->second.end(), entry) != former->second.end();
     if (!isOld) added += nameOf(entry);
   }
   return added;
@@ -120,7 +119,8 @@ std::vector<SwitchChange> CaptureDifference::switches() const {
   std::vector<osg::SwitchMaterialPtr> order = _edited;
   for (const osg::MaterialPtr& material : sceneMaterials()) {
     const auto known = osg::SwitchMaterialPtr::dcast(material);
-    if (known && std::find(order.begin(), order.end(), known) == order.end()) order.push_back(known);
+    if (known && std::find(order.begin(), order.end(), known) == order.end())
+      order.push_back(known);
   }
   std::vector<SwitchChange> changes;
   for (const osg::SwitchMaterialPtr& material : order) {

@@ -33,7 +33,9 @@ void writeSwitch(JsonWriter& json, const SwitchChange& change) {
     json.key("states");
     json.array(
         change.states,
-        [&](const auto& state) { json.list(std::array<QString, 2>{state.first, state.second}); },
+        [&](const auto& state) {
+          json.list(std::array<QString, 2>{state.first, state.second});
+        },
         JsonWriter::Layout::OneLine);
   });
 }
@@ -75,8 +77,7 @@ void writeReport(JsonWriter& json, const CaptureReport& report) {
     json.key("switchMaterials");
     json.array(report.switches, [&](const SwitchChange& change) { writeSwitch(json, change); });
     json.key("renamed");
-    json.array(report.renamings,
-               [&](const Renaming& renaming) { writeRenaming(json, renaming); });
+    json.array(report.renamings, [&](const Renaming& renaming) { writeRenaming(json, renaming); });
     json.entry("renderLayers", report.hasRenderLayers);
   });
 }
@@ -120,7 +121,9 @@ std::string contentText(const CaptureReport& report) {
 
 std::string switchText(const SwitchChange& change) {
   std::string text = "  Switch material " + escaped(change.name) +
-                     (change.isNew ? ", new" : change.added.isEmpty() ? "" : ", grown") +
+                     (change.isNew             ? ", new"
+                      : change.added.isEmpty() ? ""
+                                               : ", grown") +
                      (change.isVariantNew ? ", with a variant" : "") + '\n';
   text += field("materials", escapedNames(change.materials));
   if (!change.isNew) text += field("added", escapedNames(change.added));
@@ -137,7 +140,8 @@ std::string renamingText(const Renaming& renaming) {
 }
 
 std::string reportText(const CaptureReport& report) {
-  std::string text = "Captured " + escaped(report.set) + " in group " + escaped(report.group) + '\n';
+  std::string text =
+      "Captured " + escaped(report.set) + " in group " + escaped(report.group) + '\n';
   text += contentText(report);
   for (const Renaming& renaming : report.renamings)
     text += renamingText(renaming);

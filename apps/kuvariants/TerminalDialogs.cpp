@@ -28,7 +28,9 @@ bool readYes() {
 
 }  // namespace
 
-TerminalDialogs::TerminalDialogs(Answer answer) : _answer(answer) { qApp->installEventFilter(this); }
+TerminalDialogs::TerminalDialogs(Answer answer) : _answer(answer) {
+  qApp->installEventFilter(this);
+}
 
 TerminalDialogs::~TerminalDialogs() { hideProgress(); }
 

@@ -76,9 +76,8 @@ TEST_F(kuVariantsMaterialNodesTest, MaterialOfAGroupChangesInABracket) {
   setWith("A", {{"Body", "Blue"}});
   const BracketRecorder recorder;
   capture("B");
-  EXPECT_THAT(recorder.brackets(),
-              ::testing::Contains(BracketRecorder::Bracket(
-                  "MaterialGroup", osg::MaterialGroup::MaterialFieldMask)));
+  EXPECT_THAT(recorder.brackets(), ::testing::Contains(BracketRecorder::Bracket(
+                                       "MaterialGroup", osg::MaterialGroup::MaterialFieldMask)));
 }
 
 TEST_F(kuVariantsMaterialNodesTest, ChangeOfAPlainGroupReachesTheGeometriesBelow) {

@@ -38,9 +38,9 @@ class kuVariantsSwitchMergeTest : public MaterialCaptureTest {
   }
   /** Fails unless everything is as it was at the start, the roof's material apart. */
   void expectNothingDone(const char* roofs) {
-    EXPECT_THAT(sets(),
-                ElementsAre("A: Hood=Second Roof=Second | Second=Red",
-                            "B: Roof=Other | First=Blue Second=Blue", "C: Hood=Second | Other=Red"));
+    EXPECT_THAT(sets(), ElementsAre("A: Hood=Second Roof=Second | Second=Red",
+                                    "B: Roof=Other | First=Blue Second=Blue",
+                                    "C: Hood=Second | Other=Red"));
     EXPECT_THAT(variants(), ElementsAre("First", "Second"));
     EXPECT_THAT(nodes(), ElementsAre(std::string("Roof: ") + roofs));
     EXPECT_THAT(messages.lines(), IsEmpty());

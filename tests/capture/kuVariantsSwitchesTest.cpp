@@ -47,9 +47,7 @@ void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
 
 class SwitchRuleTest : public MaterialCaptureTest, public ::testing::WithParamInterface<Row> {};
 
-TEST_P(SwitchRuleTest, Answers) {
-  EXPECT_EQ(GetParam().asked(Palette(scene)), GetParam().answer);
-}
+TEST_P(SwitchRuleTest, Answers) { EXPECT_EQ(GetParam().asked(Palette(scene)), GetParam().answer); }
 
 const Row comparisons[] = {
     {"SameMaterialsInTheSameOrderAreEqual",
