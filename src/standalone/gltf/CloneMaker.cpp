@@ -81,6 +81,7 @@ void CloneMaker::copyChildren(const SceneNode& from, SceneNode& to, std::size_t 
     const osg::NodePtr copy = SceneNode::create(original.name(), original.core());
     SceneNode::of(copy).setTransform(original.transform());
     SceneNode::of(copy).setActiveFlag(original.active());
+    if (original.renderLayer()) SceneNode::of(copy).setRenderLayer(original.renderLayer()->copy());
     to.addChild(copy);
     copyChildren(original, SceneNode::of(copy), depth);
   }

@@ -20,6 +20,11 @@ bool isPlainGroup(const SceneNode& node) {
   return node.core() && &node.core()->getType() == &osg::Group::_type;
 }
 
+bool hasSameLayer(const SceneNode& node, const SceneNode& other) {
+  const RenderLayerPtr &layer = node.renderLayer(), &otherLayer = other.renderLayer();
+  return layer && otherLayer ? layer->equals(*otherLayer) : layer == otherLayer;
+}
+
 }  // namespace
 
 NodeLayout::NodeLayout(const Scene& scene, const GltfDraft& draft)
@@ -84,7 +89,7 @@ int NodeLayout::primitivesOf(int mesh) const {
 
 bool NodeLayout::isMadeByLoader(const SceneNode& node, const std::string& name) const {
   return node.name() == name && node.active() && node.transform() == Transform() &&
-         node.children().empty() && _pinned.count(&node) == 0;
+         !node.renderLayer() && node.children().empty() && _pinned.count(&node) == 0;
 }
 
 void NodeLayout::fold(const SceneNode& node) {
@@ -173,8 +178,8 @@ bool NodeLayout::isCopy(const SceneNode& node, const SceneNode& original) const 
     const SceneNode& other = SceneNode::of(original.children()[i]);
     if (child.name() != other.name() || child.active() != other.active() ||
         child.transform() != other.transform() || child.core() != other.core() ||
-        &child == &other || _pinned.count(&child) || originalOf(child) == &child ||
-        !isCopy(child, other)) {
+        !hasSameLayer(child, other) || &child == &other || _pinned.count(&child) ||
+        originalOf(child) == &child || !isCopy(child, other)) {
       return false;
     }
   }

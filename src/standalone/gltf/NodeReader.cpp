@@ -1,6 +1,7 @@
 #include "standalone/gltf/NodeReader.h"
 
 #include "standalone/gltf/GltfValues.h"
+#include "standalone/gltf/RenderLayerJson.h"
 #include "standalone/scene/Cores.h"
 
 namespace kuStandalone {
@@ -66,6 +67,10 @@ osg::NodePtr NodeReader::make(int index, std::vector<osg::NodePtr>& made) {
   scene.setSource(index);
   scene.setTransform(transformOf(json, gltfPlace("nodes", index) + "."));
   scene.setActiveFlag(readVisible(json, index));
+  if (extras.contains(QLatin1String("renderLayer"))) {
+    scene.setRenderLayer(
+        readRenderLayer(extras["renderLayer"], gltfPlace("nodes", index, "extras.renderLayer")));
+  }
   made[std::size_t(index)] = node;
   if (clone) {
     _clones.note(node, index, extras["cloneOf"], extras["ownChildren"].toBool());

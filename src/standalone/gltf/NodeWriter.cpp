@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <set>
 
+#include "standalone/gltf/RenderLayerJson.h"
+
 namespace kuStandalone {
 namespace {
 
@@ -49,9 +51,16 @@ void NodeWriter::writeNode(const SceneNode& node) {
   if (!node.active()) _draft.useExtension(visibility);
   setExtra(json, "sceneplates",
            flag(_scene.sceneplates.root && _scene.sceneplates.root.get() == &node));
+  writeRenderLayer(json, node);
   writeChildren(json, node);
   writeCore(json, node);
   _draft.nodes[std::size_t(place.index)] = json;
+}
+
+void NodeWriter::writeRenderLayer(QJsonObject& json, const SceneNode& node) {
+  const RenderLayerPtr& layer = node.renderLayer();
+  const QJsonObject former = extrasOf(json).value("renderLayer").toObject();
+  setExtra(json, "renderLayer", layer ? QJsonValue(renderLayerJson(*layer, former)) : nothing);
 }
 
 void NodeWriter::writeChildren(QJsonObject& json, const SceneNode& node) {

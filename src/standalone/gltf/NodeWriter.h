@@ -18,6 +18,7 @@ class NodeWriter {
 
  private:
   void writeNode(const SceneNode& node);
+  static void writeRenderLayer(QJsonObject& json, const SceneNode& node);
   void writeChildren(QJsonObject& json, const SceneNode& node);
   void writeCore(QJsonObject& json, const SceneNode& node);
   void writeSwitch(QJsonObject& json, const SceneNode& node);

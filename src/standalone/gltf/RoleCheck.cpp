@@ -18,6 +18,7 @@ const Keys nodeKeys = {"switch",        "transforms",  "transform",   "supposed"
                        "materialGroup", "sceneplate",  "sceneplates", "geometry",
                        "bare",          "cloneOf",     "on",          "environmentSwitch",
                        "renderLayer",   "ownChildren", "self",        "cameraName"};
+const Keys layerKeys = {"camera", "reflections", "shadows", "states"};
 const Keys materialKeys = {"switch", "states", "state", "environment", "pool", "locked"};
 const Keys sceneKeys = {"activeCamera", "viewpoints", "animationBlocks"};
 
@@ -97,6 +98,15 @@ void checkOneRole(const QJsonObject& node, const QJsonObject& extras, const std:
   if (!node["children"].toArray().isEmpty()) refuse("children");
 }
 
+void checkLayer(const QJsonObject& layer, const std::string& place, GltfWarnings& warnings) {
+  checkSpelling(layer, layerKeys, place, warnings);
+  const QJsonObject states = layer["states"].toObject();
+  for (auto state = states.begin(); state != states.end(); ++state) {
+    checkSpelling(state->toObject(), layerKeys, place + ".states." + state.key().toStdString(),
+                  warnings);
+  }
+}
+
 void checkNode(int index, const QJsonObject& node, GltfWarnings& warnings) {
   const std::string place = gltfPlace("nodes", index);
   if (has(node, "skin")) warnings.addOnce(place + ".skin", "skins are left alone");
@@ -117,10 +127,7 @@ void checkNode(int index, const QJsonObject& node, GltfWarnings& warnings) {
   if (has(extras, "sceneplate") && !node["children"].toArray().isEmpty()) {
     warnings.addOnce(place + ".children", "a sceneplate shows no children");
   }
-  if (has(extras, "renderLayer")) {
-    objectOf(extras["renderLayer"], place + ".extras.renderLayer");
-    warnings.addOnce(place + ".extras.renderLayer", "render layers are left alone");
-  }
+  checkLayer(extras["renderLayer"].toObject(), place + ".extras.renderLayer", warnings);
 }
 
 /** The sceneplates' root counts at the top of the present scene only. */

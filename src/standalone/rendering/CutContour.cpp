@@ -46,7 +46,8 @@ bool isSeen(const QVector3D& point, float x, float y, const View& view, const Pa
 std::vector<Line> cutLines(const RayScene& scene, const HalfSpace& half) {
   std::vector<Line> lines;
   for (const MeshInstance& instance : scene.instances()) {
-    if (!instance.shown || !crosses(instance.bounds, half)) continue;
+    if (!instance.shown || !hasKind(instance.seenBy, RayKind::Camera)) continue;
+    if (!crosses(instance.bounds, half)) continue;
     const std::vector<QVector3D>& positions = instance.mesh->positions;
     for (const Triangle& triangle : instance.mesh->triangles) {
       const QVector3D corners[3] = {instance.placement.point(positions[triangle[0]]),

@@ -104,13 +104,14 @@ std::optional<float> PathTracer::visibleDistance(Ray ray) const {
   return met ? std::optional<float>(met->hit.distance) : std::nullopt;
 }
 
-Ray PathTracer::leaving(const SurfacePoint& point, const QVector3D& direction,
+Ray PathTracer::leaving(RayKind kind, const SurfacePoint& point, const QVector3D& direction,
                         float farthest) const {
   Ray ray;
   const float side = dot(point.geometricNormal, direction) < 0 ? -1.0f : 1.0f;
   ray.origin = point.position + point.geometricNormal * (side * _offset);
   ray.direction = direction;
   ray.farthest = farthest;
+  ray.kind = kind;
   return cut(ray);
 }
 
@@ -135,7 +136,7 @@ QVector3D PathTracer::direct(const SurfacePoint& point, const Reflectance& refle
     const QVector3D sent = reflectance.evaluate(light.direction) * light.light;
     if (sent.isNull()) continue;
     const float farthest = std::isinf(light.distance) ? infinity : light.distance - 2 * _offset;
-    sum += sent * passing(leaving(point, light.direction, farthest));
+    sum += sent * passing(leaving(RayKind::Shadow, point, light.direction, farthest));
   }
   return sum;
 }
@@ -174,17 +175,19 @@ QVector3D PathTracer::shade(const SurfacePoint& point, const QVector3D& toEye,
          mirrored(point, reflectance, random);
 }
 
-/** What of the light from all around a surface scatters. The main light is sought by itself: it
+/** What of the light from all around a surface scatters. It comes by the rays that carry light:
+ * what casts no shadow takes nothing of it away. The main light is sought by itself: it
  * fills a small part of the directions only, which chance seldom hits. */
 QVector3D PathTracer::scattered(const SurfacePoint& point, const Reflectance& reflectance,
                                 const Sampler& random) const {
   if (reflectance.diffuseColor().isNull()) return {};
   const QVector3D direction = reflectance.scatter(random.at(2), random.at(3));
-  QVector3D light = bounced(leaving(point, direction, infinity), Environment::sky);
+  QVector3D light = bounced(leaving(RayKind::Shadow, point, direction, infinity), Environment::sky);
   const Environment::MainLight main = Environment::mainLight(random.at(6), random.at(7));
   const float cosine = dot(point.normal, main.direction);
   if (cosine > 0 && dot(point.geometricNormal, main.direction) > 0)
-    light += main.light * (cosine / pi * passing(leaving(point, main.direction, infinity)));
+    light += main.light *
+             (cosine / pi * passing(leaving(RayKind::Shadow, point, main.direction, infinity)));
   return reflectance.diffuseColor() * point.occlusion * light;
 }
 
@@ -193,7 +196,8 @@ QVector3D PathTracer::mirrored(const SurfacePoint& point, const Reflectance& ref
   QVector3D share;
   const QVector3D direction = reflectance.reflect(random.at(4), random.at(5), share);
   if (share.isNull()) return {};
-  const QVector3D light = bounced(leaving(point, direction, infinity), Environment::radiance);
+  const QVector3D light =
+      bounced(leaving(RayKind::Reflection, point, direction, infinity), Environment::radiance);
   return limited(share * point.occlusion * light);
 }
 
@@ -216,18 +220,18 @@ float PathTracer::groundShadow(const QVector3D& position, const Sampler& random)
 
   const QVector3D direction = flat.scatter(random.at(2), random.at(3));
   float whole = level(Environment::diffuse(point.normal));
-  float lost =
-      (1 - passing(leaving(point, direction, infinity))) * level(Environment::sky(direction));
+  float lost = (1 - passing(leaving(RayKind::Shadow, point, direction, infinity))) *
+               level(Environment::sky(direction));
   const Environment::MainLight main = Environment::mainLight(random.at(6), random.at(7));
   lost += level(main.light) * std::max(main.direction.y(), 0.0f) / pi *
-          (1 - passing(leaving(point, main.direction, infinity)));
+          (1 - passing(leaving(RayKind::Shadow, point, main.direction, infinity)));
   for (const VisibleLight& lamp : _scene.lights) {
     const Arriving light = arriving(lamp, position);
     const float amount = level(light.light) * std::max(light.direction.y(), 0.0f) / pi;
     if (amount <= 0) continue;
     const float farthest = std::isinf(light.distance) ? infinity : light.distance - 2 * _offset;
     whole += amount;
-    lost += amount * (1 - passing(leaving(point, light.direction, farthest)));
+    lost += amount * (1 - passing(leaving(RayKind::Shadow, point, light.direction, farthest)));
   }
   return lost / whole;
 }

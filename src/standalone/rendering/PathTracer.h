@@ -46,7 +46,8 @@ class KUHOST_EXPORT PathTracer {
   std::optional<Met> meet(Ray ray) const;
   bool isHole(const RayHit& hit, const Ray& ray) const;
   Ray cut(const Ray& ray) const;
-  Ray leaving(const SurfacePoint& point, const QVector3D& direction, float farthest) const;
+  Ray leaving(RayKind kind, const SurfacePoint& point, const QVector3D& direction,
+              float farthest) const;
   float passing(Ray ray) const;
   /** Where a ray goes on beyond what it met. */
   float past(float distance) const;

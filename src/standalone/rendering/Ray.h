@@ -5,6 +5,15 @@
 
 namespace kuStandalone {
 
+/** What a ray is after; a surface may be hidden from some kinds. The values are bits of a mask. */
+enum class RayKind : unsigned { Camera = 1, Reflection = 2, Shadow = 4 };
+
+/** Kinds of rays as a mask. */
+using RayKinds = unsigned;
+constexpr RayKinds allRayKinds = 7;
+
+constexpr bool hasKind(RayKinds kinds, RayKind kind) { return (kinds & RayKinds(kind)) != 0; }
+
 /** A half line with the part of it that counts. */
 struct Ray {
   QVector3D origin;
@@ -12,6 +21,7 @@ struct Ray {
   QVector3D direction;
   float nearest = 0;
   float farthest = std::numeric_limits<float>::infinity();
+  RayKind kind = RayKind::Camera;
 
   QVector3D at(float distance) const { return origin + direction * distance; }
   bool isEmpty() const { return !(nearest < farthest); }

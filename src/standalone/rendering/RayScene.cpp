@@ -169,7 +169,15 @@ bool RayScene::place(const VisibleGeometry& geometry, const BuiltMesh& mesh) {
   instance.surface = _surfaces->of(geometry.material);
   instance.shown = instance.surface && isWithinReach(instance.bounds.least) &&
                    isWithinReach(instance.bounds.most);
-  return moved;
+  return showTo(index, geometry.seenBy) || moved;
+}
+
+bool RayScene::showTo(unsigned index, RayKinds kinds) {
+  if (_instances[index].seenBy == kinds) return false;
+  _instances[index].seenBy = kinds;
+  rtcSetGeometryMask(_geometries[index], kinds);
+  rtcCommitGeometry(_geometries[index]);
+  return true;
 }
 
 void RayScene::move(unsigned index, const Placement& placement, const Bounds& bounds) {
@@ -231,7 +239,7 @@ RTCRay tracerRay(const Ray& ray) {
   query.dir_y = ray.direction.y();
   query.dir_z = ray.direction.z();
   query.tfar = ray.farthest;
-  query.mask = ~0U;
+  query.mask = RayKinds(ray.kind);
   return query;
 }
 

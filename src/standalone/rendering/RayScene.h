@@ -42,6 +42,8 @@ struct MeshInstance {
    * lies beyond the numbers of the ray tracer. */
   std::shared_ptr<const Surface> surface;
   Bounds bounds;
+  /** The rays that see it while it is shown. */
+  RayKinds seenBy = allRayKinds;
   bool shown = false;
 
   /** A normal of the mesh in the world, of any length. */
@@ -79,7 +81,7 @@ class KUHOST_EXPORT RayScene {
   /** Brings it to what a scene shows now. */
   void update(const Scene& scene, const VisibleScene& visible);
 
-  /** The first thing that the ray meets, back faces and what is transparent included. */
+  /** The first thing that a ray of its kind meets, back faces and what is transparent included. */
   std::optional<RayHit> intersect(const Ray& ray) const;
   /** Whether it meets anything. */
   bool occluded(const Ray& ray) const;
@@ -103,6 +105,8 @@ class KUHOST_EXPORT RayScene {
   const BuiltMesh* meshOf(const GeometryCore& core);
   /** Places a geometry; the answer is whether the topmost level changed. */
   bool place(const VisibleGeometry& geometry, const BuiltMesh& mesh);
+  /** Takes over which rays see an instance; the answer is as place()'s. */
+  bool showTo(unsigned index, RayKinds kinds);
   void move(unsigned index, const Placement& placement, const Bounds& bounds);
   unsigned attach(const BuiltMesh& mesh, std::uint32_t node);
   unsigned freePlace();

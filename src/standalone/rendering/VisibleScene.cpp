@@ -17,20 +17,32 @@ Placement localPlacement(const SceneNode& node) {
   return own * Placement(core.states[core.choice].transform);
 }
 
+/** The rays to which the node's render layer shows it. */
+RayKinds shownTo(const SceneNode& node) {
+  if (!node.renderLayer()) return allRayKinds;
+  const RayVisibility& seen = node.renderLayer()->present();
+  return (seen.camera ? RayKinds(RayKind::Camera) : 0) |
+         (seen.reflections ? RayKinds(RayKind::Reflection) : 0) |
+         (seen.shadows ? RayKinds(RayKind::Shadow) : 0);
+}
+
 class Collector {
  public:
   Collector(const Scene& scene, VisibleScene& visible)
       : _source(dynamic_cast<const GltfSource*>(scene.source.get())), _visible(visible) {}
 
-  void walk(const osg::NodePtr& handle, const Placement& outer,
-            const osg::MaterialPtr& outerGroup) {
+  /** @param outerGroup, outerKinds the material group that counts and the rays that see, as the
+   * nodes above say. */
+  void walk(const osg::NodePtr& handle, const Placement& outer, const osg::MaterialPtr& outerGroup,
+            RayKinds outerKinds) {
     const SceneNode& node = SceneNode::of(handle);
     if (!node.active()) return;
     const Placement placement = outer * localPlacement(node);
-    take(node, placement, outerGroup);
+    const RayKinds seenBy = outerKinds & shownTo(node);
+    take(node, placement, outerGroup, seenBy);
     const osg::MaterialPtr group = groupMaterial(node, outerGroup);
     for (const osg::NodePtr& child : ShownChildren(node))
-      walk(child, placement, group);
+      walk(child, placement, group, seenBy);
   }
 
  private:
@@ -40,10 +52,13 @@ class Collector {
     return core.ignore || !core.material ? outer : core.material;
   }
 
-  void take(const SceneNode& node, const Placement& placement, const osg::MaterialPtr& group) {
+  void take(const SceneNode& node, const Placement& placement, const osg::MaterialPtr& group,
+            RayKinds seenBy) {
     if (osg::GeometryPtr::dcast(node.core())) {
+      if (seenBy == 0) return;
       const auto& core = GeometryCore::of(node.core());
-      _visible.geometries.push_back({node.id(), &core, placement, group ? group : core.material});
+      _visible.geometries.push_back(
+          {node.id(), &core, placement, group ? group : core.material, seenBy});
     } else if (osg::UberLightPtr::dcast(node.core())) {
       const auto& core = LightCore::of(node.core());
       if (core.on) takeLight(core, placement);
@@ -64,7 +79,9 @@ class Collector {
 }  // namespace
 
 VisibleScene::VisibleScene(const Scene& scene) {
-  if (scene.nodes.root) Collector(scene, *this).walk(scene.nodes.root, Placement(), osg::NullFC);
+  if (scene.nodes.root) {
+    Collector(scene, *this).walk(scene.nodes.root, Placement(), osg::NullFC, allRayKinds);
+  }
 }
 
 Placement worldPlacement(const osg::NodePtr& node) {

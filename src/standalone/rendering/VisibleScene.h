@@ -5,6 +5,7 @@
 
 #include "standalone/rendering/Light.h"
 #include "standalone/rendering/Placement.h"
+#include "standalone/rendering/Ray.h"
 #include "standalone/scene/Cores.h"
 #include "standalone/scene/Scene.h"
 
@@ -19,6 +20,8 @@ struct VisibleGeometry {
   /** The material that counts: that of the nearest material group above it that is not ignored, or
    * else its own. */
   osg::MaterialPtr material;
+  /** The rays that see it: neither it nor a node above it hides it from them. */
+  RayKinds seenBy;
 };
 
 /** A light that shines. */

@@ -23,6 +23,7 @@ void NodeSnapshot::takeBelow(const osg::NodePtr& handle) {
   const bool moved = node.transform() != Transform();
   _nodes.push_back(
       {handle, node.active(), moved ? std::make_unique<Transform>(node.transform()) : nullptr});
+  if (node.renderLayer()) _layers.push_back({node.renderLayer(), node.renderLayer()->copy()});
   takeCore(node.core());
   for (const osg::NodePtr& child : node.children())
     takeBelow(child);
@@ -46,6 +47,7 @@ void NodeSnapshot::takeCore(const osg::NodeCorePtr& core) {
 
 void NodeSnapshot::restore() const {
   restoreAll(_nodes);
+  restoreAll(_layers);
   restoreAll(_switches);
   restoreAll(_transformSwitches);
   restoreAll(_materialGroups);

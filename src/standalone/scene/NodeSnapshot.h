@@ -25,6 +25,11 @@ class NodeSnapshot {
 
     void restore() const;
   };
+  struct LayerState {
+    RenderLayerPtr layer, former;
+
+    void restore() const { layer->assign(*former); }
+  };
   struct SwitchState {
     osg::SwitchPtr core;
     int choice;
@@ -62,6 +67,7 @@ class NodeSnapshot {
   void takeCore(const osg::NodeCorePtr& core);
 
   std::vector<NodeState> _nodes;
+  std::vector<LayerState> _layers;
   std::vector<SwitchState> _switches;
   std::vector<TransformSwitchState> _transformSwitches;
   std::vector<MaterialGroupState> _materialGroups;

@@ -5,13 +5,22 @@
 
 namespace kuStandalone {
 
-RenderLayer::RenderLayer(const RayVisibility& present, RayVisibilities states)
+RenderLayer::RenderLayer(const RayVisibility& present, SharedStates states)
     : osg::RaytracingGeoAttachment(osg::RaytracingGeoAttachment::_type),
       _present(present),
       _states(std::move(states)) {}
 
 RenderLayerPtr RenderLayer::create(const RayVisibility& present, RayVisibilities states) {
-  return RenderLayerPtr(new RenderLayer(present, std::move(states)));
+  return RenderLayerPtr(
+      new RenderLayer(present, std::make_shared<const RayVisibilities>(std::move(states))));
+}
+
+RenderLayerPtr RenderLayer::copy() const {
+  return RenderLayerPtr(new RenderLayer(_present, _states));
+}
+
+bool RenderLayer::equals(const RenderLayer& other) const {
+  return _present == other._present && (_states == other._states || *_states == *other._states);
 }
 
 void RenderLayer::setPresent(const RayVisibility& visibility) {
@@ -19,16 +28,26 @@ void RenderLayer::setPresent(const RayVisibility& visibility) {
   _present = visibility;
 }
 
-void RenderLayer::setStates(RayVisibilities states) {
-  EditBrackets::noteChange(*this, StatesFieldMask, "RenderLayer::setStates");
-  _states = std::move(states);
+void RenderLayer::store(const std::string& name) {
+  EditBrackets::noteChange(*this, StatesFieldMask, "RenderLayer::store");
+  RayVisibilities states = *_states;
+  states[name] = _present;
+  _states = std::make_shared<const RayVisibilities>(std::move(states));
+}
+
+void RenderLayer::assign(const RenderLayer& other) {
+  if (equals(other)) return;
+  const osg::EditCP edit(RenderLayerPtr(this), PresentFieldMask | StatesFieldMask);
+  setPresent(other._present);
+  EditBrackets::noteChange(*this, StatesFieldMask, "RenderLayer::assign");
+  _states = other._states;
 }
 
 void RenderLayer::activateState(const std::string& name) {
-  const auto found = _states.find(name);
-  const RayVisibility wanted = found == _states.end() ? RayVisibility() : found->second;
+  const auto found = _states->find(name);
+  const RayVisibility wanted = found == _states->end() ? RayVisibility() : found->second;
   if (wanted == _present) return;
-  const osg::EditCP edit{RenderLayerPtr(this), PresentFieldMask};
+  const osg::EditCP edit(RenderLayerPtr(this), PresentFieldMask);
   setPresent(wanted);
 }
 
@@ -45,7 +64,7 @@ const FieldContainerType RaytracingGeoAttachment::_type("RaytracingGeoAttachment
 Attachment::~Attachment() = default;
 RaytracingGeoAttachment::~RaytracingGeoAttachment() = default;
 
-// The one group of attachments that this host has; 0 is none.
+// The one group of attachments that this host has.
 unsigned RaytracingGeoAttachment::getClassGroupId() { return 1; }
 
 bool RaytracingGeoAttachment::isInDefaultState() const {
@@ -53,11 +72,8 @@ bool RaytracingGeoAttachment::isInDefaultState() const {
 }
 
 void RaytracingGeoAttachment::storeState(const std::string& name) {
-  auto& self = static_cast<RenderLayer&>(*this);
-  kuStandalone::RayVisibilities states = self.states();
-  states[name] = self.present();
-  const EditCP edit{RaytracingGeoAttachmentPtr(this), RenderLayer::StatesFieldMask};
-  self.setStates(std::move(states));
+  const EditCP edit(RaytracingGeoAttachmentPtr(this), RenderLayer::StatesFieldMask);
+  static_cast<RenderLayer*>(this)->store(name);
 }
 
 }  // namespace osg

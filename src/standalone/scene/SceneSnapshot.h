@@ -10,9 +10,9 @@ class Scene;
 
 /**
  * How a scene stood at one moment, to be put back later, as often as wanted: what is active, the
- * choices of switches and the named states and transforms of nodes, scene and sceneplates alike;
- * lights; which materials the pool holds, their names and states, and who bears them; cameras,
- * viewpoints, and which one is looked through; the clipping settings.
+ * choices of switches and the named states, transforms and render layers of nodes, scene and
+ * sceneplates alike; lights; which materials the pool holds, their names and states, and who bears
+ * them; cameras, viewpoints, and which one is looked through; the clipping settings.
  *
  * What nodes and cores there are is not part of it: a node that was added since stays as it is, and
  * one that was taken out stays out. The snapshot keeps the objects that it knows alive.

@@ -6,6 +6,8 @@
 #include "host/utils/kuMaterials.h"
 #include "standalone/scene/Cores.h"
 #include "standalone/scene/EditBrackets.h"
+#include "standalone/scene/Scene.h"
+#include "standalone/scene/SceneNode.h"
 #include "standalone/script/DefineCommand.h"
 #include "standalone/script/HostFunctions.h"
 #include "standalone/script/LogText.h"
@@ -46,6 +48,14 @@ kuMaterialPtr findMaterial(const std::string& name) {
   return kuMaterials::findMaterial(name.c_str());
 }
 
+void activateRenderLayerState(const std::string& name) {
+  std::vector<RenderLayerPtr> layers;
+  for (const auto& [id, node] : Scene::the().nodes.layered)
+    layers.push_back(node->renderLayer());
+  for (const RenderLayerPtr& layer : layers)
+    layer->activateState(name);
+}
+
 }  // namespace
 
 kuNodePtr findNodePath(const std::string& path) {
@@ -59,7 +69,7 @@ kuNodePtr findNodePath(const std::string& path) {
 
 void defineSceneFunctions() {
   const bp::scope globals{bp::import("__main__")};
-  // What a script alone may call; the two behind it are commands.
+  // What a script alone may call; those behind it are commands.
   bp::def("findNode", findNode, bp::arg("name"),
           "The first node of that name; a kuNodePtr that is not valid if there is none.");
   bp::def("findNodes", findNodes, bp::arg("name"),
@@ -72,6 +82,9 @@ void defineSceneFunctions() {
   defineCommand("setIgnoreMaterialGroup", setIgnoreMaterialGroup,
                 (bp::arg("path"), bp::arg("ignore")),
                 "Has the material group of that path ignored or not.");
+  defineCommand("activateRenderLayerState", activateRenderLayerState, bp::arg("name"),
+                "Gives every node that has a render layer its stored state of that name, or the "
+                "default one where it has none of that name.");
 }
 
 }  // namespace kuStandalone
