@@ -33,6 +33,19 @@ void writeCore(JsonWriter& json, const osg::NodeCorePtr& core) {
   if (osg::UberLightPtr::dcast(core)) json.entry("on", LightCore::of(core).on);
 }
 
+void writeLayer(JsonWriter& json, const RenderLayer& layer) {
+  json.key("renderLayer");
+  json.object(
+      [&] {
+        json.entry("camera", layer.present().camera);
+        json.entry("reflections", layer.present().reflections);
+        json.entry("shadows", layer.present().shadows);
+        json.key("states");
+        json.array(layer.states(), [&](const auto& state) { json.value(state.first); });
+      },
+      JsonWriter::Layout::OneLine);
+}
+
 void writeNode(JsonWriter& json, const osg::NodePtr& handle) {
   const SceneNode& node = SceneNode::of(handle);
   json.object([&] {
@@ -41,6 +54,7 @@ void writeNode(JsonWriter& json, const osg::NodePtr& handle) {
     node.core() ? json.value(node.core()->getType().getName()) : json.null();
     json.entry("active", node.active());
     writeCore(json, node.core());
+    if (node.renderLayer()) writeLayer(json, *node.renderLayer());
     json.key("children");
     json.array(node.children(), [&](const osg::NodePtr& child) { writeNode(json, child); });
   });

@@ -55,6 +55,21 @@ std::string coreState(const SceneNode& node) {
   return {};
 }
 
+/** What is not as in a node without a render layer; empty if nothing is. */
+std::string layerState(const RenderLayer& layer) {
+  const RayVisibility& seen = layer.present();
+  std::string text;
+  for (const auto& [sees, rays] :
+       {std::pair(seen.camera, "camera"), std::pair(seen.reflections, "reflections"),
+        std::pair(seen.shadows, "shadows")}) {
+    if (!sees) text += std::string(", no ") + rays;
+  }
+  std::vector<std::string> names;
+  for (const auto& state : layer.states())
+    names.push_back(state.first);
+  return names.empty() ? text : text + ", layer states " + joined(names);
+}
+
 std::string nodeLine(const SceneNode& node) {
   std::string line = shownName(node.name()) + "  ";
   line += node.core() ? node.core()->getType().getName() : "no core";
@@ -62,6 +77,7 @@ std::string nodeLine(const SceneNode& node) {
   if (const osg::MaterialPtr material = materialOf(node.core())) {
     line += ", material " + shownName(kuMaterials::getName(material));
   }
+  if (node.renderLayer()) line += layerState(*node.renderLayer());
   if (!node.active()) line += ", hidden";
   return line + '\n';
 }

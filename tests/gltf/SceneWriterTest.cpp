@@ -456,10 +456,20 @@ class RandomScene {
 
   void change(const osg::NodePtr& node) {
     if (below(4) == 0) SceneBuilder::setActive(node, false);
+    if (below(8) == 0) SceneNode::of(node).setRenderLayer(layer());
     if (below(4) != 0) return;
     Transform transform;
     transform.translation[0] = double(below(100)) / 7;
     SceneNode::of(node).setTransform(transform);
+  }
+
+  RayVisibility visibility() { return {below(2) == 0, below(2) == 0, below(2) == 0}; }
+
+  RenderLayerPtr layer() {
+    RayVisibilities states;
+    for (unsigned count = below(3); count > 0; --count)
+      states[name()] = visibility();
+    return RenderLayer::create(visibility(), states);
   }
 
   SceneBuilder& _scene;

@@ -109,10 +109,25 @@ class Dump {
     _out << std::string(std::size_t(depth), ' ') << nodeText(handle) << " '" << node.name() << "'"
          << (node.active() ? "" : " hidden");
     print(_out, node.transform());
+    if (node.renderLayer()) printLayer(*node.renderLayer());
     printCore(node);
     _out << '\n';
     for (const osg::NodePtr& child : node.children())
       printNode(child, depth + 1);
+  }
+
+  void printLayer(const RenderLayer& layer) {
+    _out << " layer";
+    printSeen(layer.present());
+    for (const auto& [name, visibility] : layer.states()) {
+      _out << " '" << name << "'";
+      printSeen(visibility);
+    }
+  }
+
+  void printSeen(const RayVisibility& seen) {
+    _out << ' ' << (seen.camera ? 'c' : '-') << (seen.reflections ? 'r' : '-')
+         << (seen.shadows ? 's' : '-');
   }
 
   void printCore(const SceneNode& node) {

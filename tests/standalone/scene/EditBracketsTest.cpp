@@ -161,3 +161,14 @@ TEST_F(EditBracketsTest, EveryFieldOfTheSceneAsksForABracket) {
           "MultiMaterial::subMaterial of a SwitchMaterial outside a fitting edit bracket",
           "MaterialPool::add of a MaterialPool outside a fitting edit bracket"));
 }
+
+TEST_F(EditBracketsTest, ARenderLayerTakesNoStateOutsideABracket) {
+  const kuStandalone::RenderLayerPtr layer = kuStandalone::RenderLayer::create();
+  layer->setPresent({false, true, true});
+  layer->store("Day");
+  EXPECT_EQ(violations(), 2u);
+  EXPECT_THAT(errors, ElementsAre("RenderLayer::setPresent of a RaytracingGeoAttachment outside a "
+                                  "fitting edit bracket",
+                                  "RenderLayer::store of a RaytracingGeoAttachment outside a "
+                                  "fitting edit bracket"));
+}

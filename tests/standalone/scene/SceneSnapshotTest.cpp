@@ -27,6 +27,7 @@ struct Sample {
   explicit Sample(SceneBuilder& builder) : scene(builder) {
     SceneNode::of(moved).setTransform(shifted(1));
     SceneBuilder::setActive(hidden, false);
+    SceneNode::of(body).setRenderLayer(RenderLayer::create({}, {{"Night", {true, false, true}}}));
     scene.camera("Front");
     scene.camera("Rear");
     Scene::the().activeViewpoint = "Front";
@@ -75,6 +76,8 @@ void closeEdit(const osg::NodePtr& node) { osg::endEditCP(node->getCore(), osg::
 
 ScenePool& pool() { return ScenePool::of(Scene::the().pool); }
 
+RenderLayer& layerOf(const osg::NodePtr& node) { return *SceneNode::of(node).renderLayer(); }
+
 struct Change {
   const char* name;
   void (*make)(Sample&);
@@ -114,6 +117,9 @@ const Change changes[] = {
        osg::MaterialGroupPtr::dcast(s.shell->getCore())->setMaterial(s.blue);
      }},
     {"GroupIgnored", [](Sample& s) { MaterialGroupCore::of(s.shell->getCore()).ignore = true; }},
+    {"RenderLayer", [](Sample& s) { layerOf(s.body).activateState("Night"); }},
+    {"StoredRenderLayer", [](Sample& s) { layerOf(s.body).storeState("Day"); }},
+    {"ReplacedRenderLayer", [](Sample& s) { layerOf(s.body).storeState("Night"); }},
     {"SwitchMaterialChoice", [](Sample& s) { s.paint->setCurrentState(1); }},
     {"SwitchMaterialPartAdded",
      [](Sample& s) {
@@ -194,6 +200,18 @@ TEST_F(SceneSnapshotTest, TouchesOnlyWhatChanged) {
   snapshot.restore(Scene::the());
   EXPECT_THAT(recorder.brackets(), ::testing::ElementsAre(BracketRecorder::Bracket(
                                        "Switch", osg::Switch::ChoiceFieldMask)));
+}
+
+TEST_F(SceneSnapshotTest, PutsARenderLayerBackInOneBracket) {
+  const SceneSnapshot snapshot(Scene::the());
+  layerOf(sample.body).activateState("Night");
+  layerOf(sample.body).storeState("Day");
+  const BracketRecorder recorder;
+  snapshot.restore(Scene::the());
+  EXPECT_THAT(recorder.brackets(),
+              ::testing::ElementsAre(BracketRecorder::Bracket(
+                  "RaytracingGeoAttachment",
+                  RenderLayer::PresentFieldMask | RenderLayer::StatesFieldMask)));
 }
 
 TEST_F(SceneSnapshotTest, FindsARenamedMaterialByItsFormerNameAgain) {
