@@ -259,14 +259,12 @@ INSTANTIATE_TEST_SUITE_P(Answers, ClippingReading, ::testing::ValuesIn(kReadings
 class CommaLanguage {
  public:
   CommaLanguage() {
-    QFile source(_folder.filePath("source"));
-    source.open(QIODevice::WriteOnly);
-    source.write(
-        "LC_NUMERIC\ndecimal_point \",\"\nthousands_sep \"\"\ngrouping -1\n"
-        "END LC_NUMERIC\n");
-    source.close();
-    QProcess::execute("localedef",
-                      {"--quiet", "-c", "-i", source.fileName(), _folder.filePath("comma")});
+    write("source",
+          "LC_NUMERIC\ndecimal_point \",\"\nthousands_sep \"\"\ngrouping -1\n"
+          "END LC_NUMERIC\n");
+    write("characters", characters());
+    QProcess::execute("localedef", {"--quiet", "-c", "-f", _folder.filePath("characters"), "-i",
+                                    _folder.filePath("source"), _folder.filePath("comma")});
     qputenv("LOCPATH", _folder.path().toUtf8());
     std::setlocale(LC_NUMERIC, "comma");
   }
@@ -278,6 +276,24 @@ class CommaLanguage {
   CommaLanguage& operator=(const CommaLanguage&) = delete;
 
  private:
+  void write(const char* name, const std::string& text) const {
+    QFile file(_folder.filePath(name));
+    file.open(QIODevice::WriteOnly);
+    file.write(text.c_str());
+  }
+
+  /** ASCII, since not every system has the descriptions of character sets. */
+  static std::string characters() {
+    std::string map =
+        "<code_set_name> ANSI_X3.4-1968\n<comment_char> %\n<escape_char> /\nCHARMAP\n";
+    char line[40];
+    for (int code = 0; code < 128; ++code) {
+      std::snprintf(line, sizeof line, "<U%04X> /x%02x c\n", unsigned(code), unsigned(code));
+      map += line;
+    }
+    return map + "END CHARMAP\n";
+  }
+
   QTemporaryDir _folder;
 };
 
