@@ -162,9 +162,11 @@ bool kuVariants::checkAndSetNodeActive(osg::NodePtr node, kuVariantSet* set, boo
     // A variant of that name would reach the active ones too.
     set->appendToScript(
         QStringLiteral("findNodePath(\"%1\").setActive(false)").arg(getNodePath(node)));
-  } else if (kuNodeVariant* variant = createNodeVariant(node, sendMessage)) {
-    set->add(variant, QStringLiteral("!Disable"));
+    return false;
   }
+  kuNodeVariant* variant = createNodeVariant(node, sendMessage);
+  // A receiver of the news may have removed the set.
+  if (variant && _variantSets.contains(set)) set->add(variant, QStringLiteral("!Disable"));
   return false;
 }
 

@@ -18,7 +18,7 @@ namespace {
 /** The set that a restore needs beside those of the user, for as long as it takes. */
 class TemporarySet {
  public:
-  TemporarySet() : _set(kuVariants::createVariantSet(name(), true, nullptr)) {}
+  TemporarySet() = default;
   /** The removal is told, and on the way out of an error a receiver's own is one too many. */
   ~TemporarySet() {
     try {
@@ -30,16 +30,21 @@ class TemporarySet {
   TemporarySet& operator=(const TemporarySet&) = delete;
 
   /** Null where a set of that name was there before: that one is the user's, and stays. */
-  kuVariantSet* get() const { return _set; }
+  kuVariantSet* create() {
+    _exists = !kuVariants::findVariantSet(name());  // also where a receiver of the news throws
+    kuVariantSet* set = kuVariants::createVariantSet(name(), true, nullptr);
+    _exists = set != nullptr;
+    return set;
+  }
 
   void remove() {
-    if (std::exchange(_set, nullptr)) kuVariants::removeVariantSet(name());
+    if (std::exchange(_exists, false)) kuVariants::removeVariantSet(name());
   }
 
  private:
   static QString name() { return QStringLiteral("Temp"); }
 
-  kuVariantSet* _set;
+  bool _exists = false;
 };
 
 QString nameOf(const osg::MaterialPtr& material) {
@@ -61,23 +66,25 @@ void kuVariants::activateCapturedVariantSet(const char* name) {
 void kuVariants::restoreSwitchNodes() {
   const kuNodePtr root = kuOpenSGUtils::getRoot();
   TemporarySet temporary;
-  if (!temporary.get()) return;
+  kuVariantSet* set = temporary.create();
+  if (!set) return;
   const kuActiveNodes activeNodes;
   MaterialSnapshots snapshots;
   NodePaths handledPaths;
   Switches createdSwitches;
   Materials handledMaterials;
-  restoreSwitchNodesHlp(temporary.get(), root, snapshots, {root}, handledPaths, createdSwitches,
+  restoreSwitchNodesHlp(set, root, snapshots, {root}, handledPaths, createdSwitches,
                         handledMaterials, true);
   temporary.remove();
 }
 
-// Unlike a capture it levels the nodes of one path only where they are material groups.
+// Unlike a capture it levels the nodes of one path only where they are material groups. A receiver
+// of what is told on the way may remove the temporary set, which ends it.
 void kuVariants::restoreSwitchNodesHlp(kuVariantSet* set, kuNodePtr handle,
                                        MaterialSnapshots& snapshots, std::vector<kuNodePtr> roots,
                                        NodePaths& handledPaths, Switches& createdSwitches,
                                        Materials& handledMaterials, bool sendMessage) {
-  if (!handle.isValid()) return;
+  if (!handle.isValid() || !_variantSets.contains(set)) return;
   const osg::NodePtr node = handle;
   const osg::NodeCorePtr core = node->getCore();
   bool inclNodes = true;

@@ -2,9 +2,12 @@
 
 #include <QString>
 #include <list>
+#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
+#include "capture/kuVariantCaptureChecker.h"
 #include "document/kuVariantReader.h"
 #include "manager/kuVariants.h"
 #include "model/kuVariantSet.h"
@@ -110,4 +113,22 @@ struct kuVariantsTestAccess {
                                        CaptureContainers& met) {
     kuVariants::optimizeMaterialSwitches(node, path, oldMaterial, target, met.createdSwitches);
   }
+
+  // What a capture checker found.
+  static const std::map<QString, std::vector<osg::NodeCorePtr>>& coresByName(
+      const kuVariantCaptureChecker& checker) {
+    return checker.coresByName;
+  }
+  static const std::map<std::string, std::vector<osg::NodeCorePtr>>& coresByStrippedName(
+      const kuVariantCaptureChecker& checker) {
+    return checker.coresByStrippedName;
+  }
+  static const std::set<osg::NodeCorePtr>& coresWithAmbiguousTransformVariants(
+      const kuVariantCaptureChecker& checker) {
+    return checker.coresWithAmbiguousTransformVariants;
+  }
+  static const std::set<osg::NodeCorePtr>& visitedCores(const kuVariantCaptureChecker& checker) {
+    return checker.visitedCores;
+  }
+  static void fixNames(kuVariantCaptureChecker& checker) { checker.fixNames(); }
 };
