@@ -164,9 +164,12 @@ bool kuVariants::checkAndSetNodeActive(osg::NodePtr node, kuVariantSet* set, boo
         QStringLiteral("findNodePath(\"%1\").setActive(false)").arg(getNodePath(node)));
     return false;
   }
+  const bool wasListed = _variantSets.contains(set);  // a set may stand for itself
   kuNodeVariant* variant = createNodeVariant(node, sendMessage);
   // A receiver of the news may have removed the set.
-  if (variant && _variantSets.contains(set)) set->add(variant, QStringLiteral("!Disable"));
+  if (variant && _variantSets.contains(set) == wasListed) {
+    set->add(variant, QStringLiteral("!Disable"));
+  }
   return false;
 }
 

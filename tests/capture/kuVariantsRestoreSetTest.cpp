@@ -215,3 +215,13 @@ TEST_F(kuVariantsRestoreSetTest, RestoreInsideARestoreDoesNothing) {
   EXPECT_EQ(materialOf(place), "Green");
   EXPECT_THAT(log, ElementsAre("warning: A variant set with that name already exists."));
 }
+
+TEST_F(kuVariantsRestoreSetTest, InactiveNodeIsTakenIntoASetThatTheManagerDoesNotHoldToo) {
+  addInactiveNode();
+  kuVariantSet alone("Alone");
+  kuVariants::captureVariantsFromRootNodes(&alone, {scene.root()}, true, false, false, false, false,
+                                           false, false, false, true, true);
+  ASSERT_EQ(alone.getNodeVariants().size(), 1u);
+  EXPECT_EQ(alone.getNodeVariants().front().getVariant(), "Hidden");
+  EXPECT_EQ(alone.getNodeVariants().front().getState(), "!Disable");
+}
