@@ -11,6 +11,7 @@
 #include "model/kuVariantGroup.h"
 #include "model/kuVariantSet.h"
 #include "scene/kuMaterialVariant.h"
+#include "scene/kuOverlayVariant.h"
 
 namespace {
 
@@ -83,6 +84,16 @@ void listNewStates() {
   }
 }
 
+/** A capture leaves the variants of sceneplates unbound: they would select nothing. */
+void bindSceneplates(const kuVariantSet& set) {
+  for (const kuVariantState& state : set.getOverlayVariants()) {
+    kuOverlayVariant* variant = kuVariants::findOverlayVariant(state.getVariant());
+    if (!variant || !variant->getOverlay().isEmpty()) continue;
+    variant->setOverlay(variant->getName());
+    variant->updateVariants();
+  }
+}
+
 /** Null where nodes would have had to be renamed. */
 const kuVariantSet* capture(const CaptureStep& step, const TerminalDialogs& dialogs) {
   const std::size_t before = kuVariants::getVariantSets().size();
@@ -106,6 +117,7 @@ CaptureReport run(const CaptureStep& step, const TerminalDialogs& dialogs) {
   const kuVariantSet* set = capture(step, dialogs);
   if (!set) failByDuplicates(step.set);
   listNewStates();
+  bindSceneplates(*set);
   report.set = set->getName();
   report.group = set->getGroup()->getName();
   report.content = contentOf(*set);
