@@ -152,8 +152,8 @@ void CircleTest::move(const std::string& name, double x) {
 
 void CircleTest::setRays(const std::string& name, const RayVisibility& rays) {
   SceneNode& own = SceneNode::of(node(name));
-  own.setRenderLayer(
-      RenderLayer::create(rays, own.renderLayer() ? own.renderLayer()->states() : RayVisibilities()));
+  own.setRenderLayer(RenderLayer::create(
+      rays, own.renderLayer() ? own.renderLayer()->states() : RayVisibilities()));
 }
 
 std::string CircleTest::switchAt(const std::string& name) {

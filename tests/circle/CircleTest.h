@@ -19,9 +19,9 @@ enum class Capturing {
 };
 
 /**
- * Fixture of the tests that capture a scene, write what came of it, and bring it back elsewhere: the
- * document is selected from by a process of its own, over the scene as it was before the captures or
- * as it was after the last.
+ * Fixture of the tests that capture a scene, write what came of it, and bring it back elsewhere:
+ * the document is selected from by a process of its own, over the scene as it was before the
+ * captures or as it was after the last.
  */
 class CircleTest : public VariantsTest {
  protected:

@@ -147,14 +147,23 @@ TEST_F(EveryKind, NamesOfAnyLettersComeBack) {
   scene.material("Rot");
   scene.material("Gr\xC3\xBCn");
   scene.geometry("T\xC3\xBCr <&> 'links'", material("Rot"), roof->getChild(1));
-  scene.group("R\xC3\xA4" "der");
+  scene.group(
+      "R\xC3\xA4"
+      "der");
   begin();
-  EXPECT_THAT(capture("Vor\xC3\xBC" "ber"), IsEmpty());
+  EXPECT_THAT(capture("Vor\xC3\xBC"
+                      "ber"),
+              IsEmpty());
   bear("T\xC3\xBCr <&> 'links'", "Gr\xC3\xBCn");
   setChoice(node("Dach \xC3\xB6"), 1);
-  setActive(node("R\xC3\xA4" "der"), false);
+  setActive(node("R\xC3\xA4"
+                 "der"),
+            false);
   EXPECT_THAT(capture("It's \xE2\x82\xAC 5"), IsEmpty());
-  expectToComeBack({"Vor\xC3\xBC" "ber", "It's \xE2\x82\xAC 5"});
+  expectToComeBack(
+      {"Vor\xC3\xBC"
+       "ber",
+       "It's \xE2\x82\xAC 5"});
 }
 
 }  // namespace
