@@ -1,6 +1,6 @@
-// What it costs to capture a scene of N nodes, beside a bare walk that pushes a name and a state for
-// each node and fills a hash of paths; what inactive nodes cost whose namesakes have to be looked
-// for; and a second capture where 100 sets remember 10,000 materials.
+// What it costs to capture a scene of N nodes, beside a bare walk that pushes a name and a state
+// for each node and fills a hash of paths; what inactive nodes cost whose namesakes have to be
+// looked for; and a second capture where 100 sets remember 10,000 materials.
 
 #include <benchmark/benchmark.h>
 
@@ -51,9 +51,9 @@ void addPart(const osg::NodePtr& parent, int number) {
   const osg::NodePtr choice = addNode(part, "Choice" + of, SwitchCore::create(number % 2));
   addGeometry(choice, "First" + of, number);
   addGeometry(choice, "Second" + of, number + 1);
-  const osg::NodePtr door = addNode(
-      part, "Door" + of,
-      TransformSwitchCore::create({{"Open", Transform()}, {"Shut", Transform()}}, 0, 0));
+  const osg::NodePtr door =
+      addNode(part, "Door" + of,
+              TransformSwitchCore::create({{"Open", Transform()}, {"Shut", Transform()}}, 0, 0));
   addGeometry(door, "Panel" + of, number + 2);
   addNode(part, "Lamp" + of, LightCore::create(true));
   const osg::NodePtr rest = addNode(part, "Rest" + of, GroupCore::create());
@@ -115,8 +115,8 @@ struct BareResult {
 void walkBare(const osg::NodePtr& node, const QString& path, BareResult& result) {
   const QString name = QString::fromUtf8(kuNodeUtils::getName(node));
   const QString own = path.isEmpty() ? name : path + '/' + name;
-  result.states.emplace_back(name, node->getActive() ? QStringLiteral("!Enable")
-                                                     : QStringLiteral("!Disable"));
+  result.states.emplace_back(
+      name, node->getActive() ? QStringLiteral("!Enable") : QStringLiteral("!Disable"));
   result.paths.insert(own, node);
   for (const osg::NodePtr& child : SceneNode::of(node).children())
     walkBare(child, own, result);

@@ -10,7 +10,6 @@
 #include "host/utils/kuLights.h"
 #include "host/utils/kuMaterials.h"
 #include "host/utils/kuNodeUtils.h"
-#include "model/kuVariantSet.h"
 #include "scene/kuTransformVariant.h"
 
 namespace {
@@ -84,10 +83,10 @@ void kuVariants::CaptureWalk::captureSwitch(const osg::NodePtr& node) {
 
 void kuVariants::CaptureWalk::captureMaterialGroup(const osg::NodePtr& node,
                                                    const osg::MaterialGroupPtr& group) {
-  addMaterialGroupIgnoreToVSet(node, group, set);
+  addMaterialGroupIgnoreToVSet(node, group, &*set);
   osg::MaterialPtr material = group->getMaterial();
   if (!material) return;
-  captureMaterials(set, material, sendMessage);
+  captureMaterials(&*set, material, sendMessage);
   const QString path = getNodePath(node);
   handleSnapshots(node, path, material);
   if (const osg::MaterialPtr present = group->getMaterial()) snapshot(node, path, present);
@@ -99,10 +98,10 @@ void kuVariants::CaptureWalk::captureGeometry(const osg::NodePtr& node,
   osg::MaterialPtr material = geometry->getMaterial();
   if (!material) return;
   if (osg::UEnvironmentSwitchMaterialPtr::dcast(material)) {
-    captureMaterials(set, material, sendMessage);
+    captureMaterials(&*set, material, sendMessage);
     return;
   }
-  if (incl.mats) captureMaterials(set, material, sendMessage);
+  if (incl.mats) captureMaterials(&*set, material, sendMessage);
   const bool isEnvironment = osg::UEnvironmentMaterialPtr::dcast(material) != osg::NullFC;
   if (!(isEnvironment ? incl.env : incl.mats)) return;
   const QString path = getNodePath(node);
@@ -125,12 +124,12 @@ void kuVariants::CaptureWalk::visitChildren(const osg::NodePtr& node) {
 }
 
 bool kuVariants::CaptureWalk::mayGoOn(const osg::NodePtr& node) {
-  return checkAndSetNodeActive(node, set, incl.nodes, sendMessage);
+  return checkAndSetNodeActive(node, &*set, incl.nodes, sendMessage);
 }
 
 void kuVariants::CaptureWalk::handleSnapshots(const osg::NodePtr& node, const QString& path,
                                               osg::MaterialPtr material) {
-  handleMaterialSnapshots(set, node, path, std::move(material), roots, handledPaths,
+  handleMaterialSnapshots(&*set, node, path, std::move(material), roots, handledPaths,
                           createdSwitches, handledMaterials, true, sendMessage);
 }
 
@@ -158,17 +157,13 @@ bool kuVariants::checkAndSetNodeActive(osg::NodePtr node, kuVariantSet* set, boo
                                        bool& sendMessage) {
   if (node->getActive()) return true;
   if (!inclNodes) return false;
+  const kuVariantSet::Keeper kept(*set);
   if (kuActiveNodes::differ(node)) {
     // A variant of that name would reach the active ones too.
     set->appendToScript(
         QStringLiteral("findNodePath(\"%1\").setActive(false)").arg(getNodePath(node)));
-    return false;
-  }
-  const bool wasListed = _variantSets.contains(set);  // a set may stand for itself
-  kuNodeVariant* variant = createNodeVariant(node, sendMessage);
-  // A receiver of the news may have removed the set.
-  if (variant && _variantSets.contains(set) == wasListed) {
-    set->add(variant, QStringLiteral("!Disable"));
+  } else if (kuNodeVariant* variant = createNodeVariant(node, sendMessage)) {
+    kept->add(variant, QStringLiteral("!Disable"));
   }
   return false;
 }
@@ -182,12 +177,13 @@ void kuVariants::addMaterialGroupIgnoreToVSet(osg::NodePtr node, osg::MaterialGr
 
 void kuVariants::captureMaterials(kuVariantSet* set, osg::MaterialPtr& material, bool sendMessage) {
   if (!material) return;
-  captureMaterialVariantFromMultiStateMaterial(set, material, sendMessage);
+  const kuVariantSet::Keeper kept(*set);
+  captureMaterialVariantFromMultiStateMaterial(&*kept, material, sendMessage);
   const osg::MFMaterialPtr* field = kuMaterials::getSubMaterials(material);
   if (!field) return;
   const osg::MFMaterialPtr subMaterials = *field;  // a receiver may change the material
   for (osg::MaterialPtr subMaterial : subMaterials)
-    captureMaterialVariantFromMultiStateMaterial(set, subMaterial, sendMessage);
+    captureMaterialVariantFromMultiStateMaterial(&*kept, subMaterial, sendMessage);
 }
 
 void kuVariants::captureMaterialVariantFromMultiStateMaterial(kuVariantSet* set,
@@ -196,7 +192,8 @@ void kuVariants::captureMaterialVariantFromMultiStateMaterial(kuVariantSet* set,
   if (!material || !material->isMultiState()) return;
   std::string state;
   if (!material->getCurrentStateName(state)) return;
+  const kuVariantSet::Keeper kept(*set);
   if (kuMaterialVariant* variant = createMaterialVariant(material, sendMessage)) {
-    set->add(variant, QString::fromStdString(state));
+    kept->add(variant, QString::fromStdString(state));
   }
 }

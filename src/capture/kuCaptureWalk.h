@@ -1,6 +1,7 @@
 #pragma once
 
 #include "manager/kuVariants.h"
+#include "model/kuVariantSetKeeper.h"
 
 /** What a capture takes in. */
 struct kuCaptureFlags {
@@ -17,7 +18,7 @@ class kuVariants::CaptureWalk {
   CaptureWalk(kuVariantSet* into, const kuCaptureFlags& what, MaterialSnapshots& foundSnapshots,
               std::vector<kuNodePtr> captureRoots, NodePaths& pathsHandled,
               Switches& switchesCreated, Materials& materialsHandled, bool announce)
-      : set(into),
+      : set(*into),
         incl(what),
         snapshots(foundSnapshots),
         roots(std::move(captureRoots)),
@@ -42,7 +43,7 @@ class kuVariants::CaptureWalk {
   void handleSnapshots(const osg::NodePtr& node, const QString& path, osg::MaterialPtr material);
   void snapshot(const osg::NodePtr& node, const QString& path, const osg::MaterialPtr& material);
 
-  kuVariantSet* set;
+  const kuVariantSet::Keeper set;
   kuCaptureFlags incl;
   MaterialSnapshots& snapshots;
   std::vector<kuNodePtr> roots;

@@ -11,7 +11,7 @@
 #include "host/utils/kuOpenSGUtils.h"
 #include "manager/kuVariants.h"
 #include "model/kuVariantGroup.h"
-#include "model/kuVariantSet.h"
+#include "model/kuVariantSetKeeper.h"
 
 // A capture from its beginning to its end; the walk over the scene stands for itself.
 
@@ -88,9 +88,10 @@ void kuVariants::createAndCaptureVariantSet(const char* setName, const char* gro
   kuVariantSet* set =
       createVariantSet(getUniqueVariantSetName(QString::fromUtf8(setName)), true, group);
   if (!set) return;
+  const kuVariantSet::Keeper kept(*set);
   captureVariantsFromRootNodes(set, {kuOpenSGUtils::getRoot()}, true, true, true, true, true, true,
                                true, true, false, true);
-  set->setPreview(createPreviewImage(264, 256, false, true));
+  kept->setPreview(createPreviewImage(264, 256, false, true));
   announceEverything();
 }
 
@@ -99,9 +100,11 @@ void kuVariants::captureVariantsFromRootNodes(kuVariantSet* set, std::vector<kuN
                                               bool inclEnv, bool inclView, bool inclTransforms,
                                               bool inclRenderLayers, bool inclSceneplates,
                                               bool sendMessage, bool useSetNameForView) {
+  // A receiver or a timer may remove the set: the capture then goes on for the others.
+  const kuVariantSet::Keeper kept(*set);
   const BusyDialog busy;
   const EmptiedAtEnd emptied(_capturedGeometryCores);
-  set->clear();
+  kept->clear();
   rebuildNodePathIndex();
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   MaterialSnapshots snapshots;
@@ -111,22 +114,22 @@ void kuVariants::captureVariantsFromRootNodes(kuVariantSet* set, std::vector<kuN
   {
     const kuActiveNodes activeNodes;
     for (const kuNodePtr& root : roots)
-      captureVariantsFromRootNode(set, root, inclNodes, inclMats, inclLights, inclEnv,
+      captureVariantsFromRootNode(&*kept, root, inclNodes, inclMats, inclLights, inclEnv,
                                   inclTransforms, inclRenderLayers, snapshots, roots, handledPaths,
                                   createdSwitches, handledMaterials, sendMessage);
   }
-  if (inclSceneplates) captureSceneplateVariants(set, sendMessage);
+  if (inclSceneplates) captureSceneplateVariants(&*kept, sendMessage);
   if (inclEnv) {
-    captureVariantsFromRootNode(set, kuScenegraph::environmentGeometrySwitch(), false, false, false,
-                                true, false, false, snapshots, roots, handledPaths, createdSwitches,
-                                handledMaterials, sendMessage);
+    captureVariantsFromRootNode(&*kept, kuScenegraph::environmentGeometrySwitch(), false, false,
+                                false, true, false, false, snapshots, roots, handledPaths,
+                                createdSwitches, handledMaterials, sendMessage);
   }
-  set->setMaterialSnapshots(std::move(snapshots));
-  if (inclView) captureViewpoint(set, useSetNameForView);
+  kept->setMaterialSnapshots(std::move(snapshots));
+  if (inclView) captureViewpoint(&*kept, useSetNameForView);
   for (const kuNodePtr& root : roots)
-    set->addTargetNodeName(QString::fromUtf8(kuNodeUtils::getName(root)));
-  set->setInclInfo(inclNodes, inclMats, inclLights, inclEnv, inclView, inclSceneplates);
+    kept->addTargetNodeName(QString::fromUtf8(kuNodeUtils::getName(root)));
+  kept->setInclInfo(inclNodes, inclMats, inclLights, inclEnv, inclView, inclSceneplates);
   if (inclRenderLayers) {
-    set->appendToScript(QStringLiteral("activateRenderLayerState(\"%1\")").arg(set->getName()));
+    kept->appendToScript(QStringLiteral("activateRenderLayerState(\"%1\")").arg(kept->getName()));
   }
 }

@@ -2,7 +2,7 @@
 #include "host/utils/kuMaterials.h"
 #include "host/utils/kuNodeUtils.h"
 #include "manager/kuVariants.h"
-#include "model/kuVariantSet.h"
+#include "model/kuVariantSetKeeper.h"
 
 // Where sets differ in the material of a node: the node gets a switch that holds the materials of
 // all of them, and each set the state that shows its own. A restore goes the same way, but only
@@ -23,7 +23,7 @@ class kuVariants::SnapshotComparison {
                      const osg::MaterialPtr& present, NodePaths& pathsHandled,
                      Switches& switchesCreated, Materials& materialsHandled, bool capturing,
                      bool announce)
-      : set(captured),
+      : set(*captured),
         node(at),
         path(nodePath),
         pathBytes(nodePath.toUtf8()),
@@ -36,19 +36,21 @@ class kuVariants::SnapshotComparison {
         isCapturing(capturing),
         sendMessage(announce) {}
 
-  void compareWith(kuVariantSet* other);
+  void compareWith(kuVariantSet* compared);
 
  private:
-  bool differsFrom(const kuVariantSet* other, QString& otherName) const;
-  void compareWithSwitch(kuVariantSet* other, osg::SwitchMaterialPtr otherSwitch,
+  using KeptSet = kuVariantSet::Keeper;
+
+  bool differsFrom(const KeptSet& other, QString& otherName) const;
+  void compareWithSwitch(const KeptSet& other, osg::SwitchMaterialPtr otherSwitch,
                          const QString& otherName);
-  bool isSharedOtherwise(const kuVariantSet* other, const QString& otherName);
+  bool isSharedOtherwise(const KeptSet& other, const QString& otherName);
   void settleSwitch();
   void addToSwitch(const osg::MaterialPtr& otherMaterial);
-  void addStates(kuVariantSet* other, const osg::MaterialPtr& otherMaterial,
+  void addStates(const KeptSet& other, const osg::MaterialPtr& otherMaterial,
                  const QString& otherName);
 
-  kuVariantSet* set;
+  const KeptSet set;
   osg::NodePtr node;
   QString path;
   QByteArray pathBytes;
@@ -78,13 +80,13 @@ void kuVariants::handleMaterialSnapshots(kuVariantSet* set, kuNodePtr node, QStr
   SnapshotComparison comparison(set, node, path, material, handledPaths, createdSwitches,
                                 handledMaterials, isCapturing, sendMessage);
   // A receiver of what is told on the way may remove sets.
-  for (std::size_t index = 0; index < _variantSets.entries().size(); ++index) {
-    kuVariantSet* other = _variantSets.entries()[index];
-    if (other != set) comparison.compareWith(other);
-  }
+  for (std::size_t index = 0; index < _variantSets.entries().size(); ++index)
+    comparison.compareWith(_variantSets.entries()[index]);
 }
 
-void kuVariants::SnapshotComparison::compareWith(kuVariantSet* other) {
+void kuVariants::SnapshotComparison::compareWith(kuVariantSet* compared) {
+  if (compared == &*set) return;
+  const KeptSet other(*compared);
   QString otherName;
   if (!differsFrom(other, otherName)) return;
   if (!checkIfNodeMatchesNodePath(node, pathBytes.constData(), false)) return;
@@ -108,32 +110,31 @@ void kuVariants::SnapshotComparison::compareWith(kuVariantSet* other) {
 }
 
 /** By names, not by identity. */
-bool kuVariants::SnapshotComparison::differsFrom(const kuVariantSet* other,
-                                                 QString& otherName) const {
+bool kuVariants::SnapshotComparison::differsFrom(const KeptSet& other, QString& otherName) const {
   const auto snapshot = other->materialSnapshots.find(path);
   if (snapshot == other->materialSnapshots.end()) return false;
   otherName = snapshot->second;
   return otherName != materialName;
 }
 
-void kuVariants::SnapshotComparison::compareWithSwitch(kuVariantSet* other,
+void kuVariants::SnapshotComparison::compareWithSwitch(const KeptSet& other,
                                                        osg::SwitchMaterialPtr otherSwitch,
                                                        const QString& otherName) {
   if (isSharedOtherwise(other, otherName)) needsDuplicate = true;
   if (ownSwitch && compareSwitches(otherSwitch, ownSwitch)) return;
   if (needsDuplicate) {
-    duplicateSwitchAndAddMaterial(node, otherSwitch, material, switchMaterial, set, other,
+    duplicateSwitchAndAddMaterial(node, otherSwitch, material, switchMaterial, &*set, &*other,
                                   handledMaterials, createdSwitches, path, switchDuplicated,
                                   sendMessage);
   } else {
-    addMaterialToExistingSwitch(node, otherSwitch, material, switchMaterial, set, other,
+    addMaterialToExistingSwitch(node, otherSwitch, material, switchMaterial, &*set, &*other,
                                 handledMaterials, path, sendMessage);
   }
 }
 
 /** Whether a node of another path shares the other set's switch and now bears another material than
  * this node. The paths of those that bear the same are noted. */
-bool kuVariants::SnapshotComparison::isSharedOtherwise(const kuVariantSet* other,
+bool kuVariants::SnapshotComparison::isSharedOtherwise(const KeptSet& other,
                                                        const QString& otherName) {
   for (const auto& [otherPath, name] : other->materialSnapshots) {
     if (name != otherName || otherPath == path || handledPaths.count(otherPath) != 0) continue;
@@ -162,20 +163,19 @@ void kuVariants::SnapshotComparison::addToSwitch(const osg::MaterialPtr& otherMa
 }
 
 /** The switch shows by the states of its variant, which hold material names; its choice stays. */
-void kuVariants::SnapshotComparison::addStates(kuVariantSet* other,
+void kuVariants::SnapshotComparison::addStates(const KeptSet& other,
                                                const osg::MaterialPtr& otherMaterial,
                                                const QString& otherName) {
-  kuMaterialVariant* variant = createMaterialVariant(switchMaterial, sendMessage);
-  if (variant) set->add(variant, materialName);
-  if (_variantSets.contains(other)) {
-    if (variant && needsDuplicate) {
+  if (kuMaterialVariant* variant = createMaterialVariant(switchMaterial, sendMessage)) {
+    set->add(variant, materialName);
+    if (needsDuplicate) {
       const kuVariantState* former = other->findMaterialVariant(otherName);
       other->add(variant, former ? former->getState() : QString());
-    } else if (variant && otherMaterial != switchMaterial) {
+    } else if (otherMaterial != switchMaterial) {
       other->add(variant, nameOf(otherMaterial));
     }
-    other->removeMaterialSnapshot(path);
-    other->addMaterialSnapshot(path, nameOf(switchMaterial));
   }
+  other->removeMaterialSnapshot(path);
+  other->addMaterialSnapshot(path, nameOf(switchMaterial));
   handledMaterials.insert(switchMaterial);
 }

@@ -5,7 +5,7 @@
 #include "host/utils/kuNodeUtils.h"
 #include "host/utils/kuSceneplateUtils.h"
 #include "manager/kuVariants.h"
-#include "model/kuVariantSet.h"
+#include "model/kuVariantSetKeeper.h"
 
 // Sceneplates in a capture. A set records only where they deviate from being shown.
 
@@ -28,6 +28,7 @@ QString switchState(const osg::NodePtr& node, int choice) {
 void kuVariants::captureSceneplateVariants(kuVariantSet* set, bool sendMessage) {
   const osg::NodePtr root = kuSceneplateUtils::getSceneplateRoot();
   if (!root) return;
+  const kuVariantSet::Keeper kept(*set);
   std::map<QString, QString> states;
   for (unsigned child = 0; child < root->getNChildren(); ++child)
     collectSceneplateStates(root->getChild(child), states);
@@ -35,7 +36,7 @@ void kuVariants::captureSceneplateVariants(kuVariantSet* set, bool sendMessage) 
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     if (state == QLatin1String("!Enable")) continue;
     if (kuOverlayVariant* variant = createOverlayVariant(name, sendMessage)) {
-      set->add(variant, state);
+      kept->add(variant, state);
     }
   }
 }

@@ -8,7 +8,7 @@
 #include "host/utils/kuMaterials.h"
 #include "host/utils/kuNodeUtils.h"
 #include "manager/kuVariants.h"
-#include "model/kuVariantSet.h"
+#include "model/kuVariantSetKeeper.h"
 #include "scene/kuSwitchMaterials.h"
 
 // The switch materials of a capture: made, grown, split and merged.
@@ -45,14 +45,14 @@ void introduce(const osg::SwitchMaterialPtr& material) {
   kuLog::info("Created new material '%s'.", name.c_str());
 }
 
-void replaceSnapshot(kuVariantSet* set, const QString& path, const QString& material) {
-  set->removeMaterialSnapshot(path);
-  set->addMaterialSnapshot(path, material);
+void replaceSnapshot(kuVariantSet& set, const QString& path, const QString& material) {
+  set.removeMaterialSnapshot(path);
+  set.addMaterialSnapshot(path, material);
 }
 
 /** The set's state for a material variant by name; empty where it has none. */
-QString stateOf(kuVariantSet* set, const QString& variant) {
-  const kuVariantState* state = set->findMaterialVariant(variant);
+QString stateOf(kuVariantSet& set, const QString& variant) {
+  const kuVariantState* state = set.findMaterialVariant(variant);
   return state ? state->getState() : QString();
 }
 
@@ -114,14 +114,16 @@ void kuVariants::addMaterialToExistingSwitch(osg::NodePtr node, osg::SwitchMater
   const bool already = checkIfMaterialAlreadyAdded(material, otherSwitch);
   const bool recursion = checkForMaterialRecursion(material, otherSwitch);
   if (osg::SwitchMaterialPtr::dcast(material)) return;
+  const kuVariantSet::Keeper kept(*set);
+  const kuVariantSet::Keeper other(*otherSet);
   if (!already && !recursion && material != otherSwitch) addMaterial(otherSwitch, material);
   show(otherSwitch, material);
   changeMaterial(node, otherSwitch);
   if (kuMaterialVariant* variant = createMaterialVariant(otherSwitch, sendMessage)) {
-    set->add(variant, nameOf(material));
+    kept->add(variant, nameOf(material));
   }
   switchMaterial = otherSwitch;
-  if (_variantSets.contains(otherSet)) replaceSnapshot(otherSet, path, nameOf(switchMaterial));
+  replaceSnapshot(*other, path, nameOf(switchMaterial));
   handledMaterials.insert(switchMaterial);
 }
 
@@ -130,6 +132,8 @@ void kuVariants::duplicateSwitchAndAddMaterial(
     osg::SwitchMaterialPtr& switchMaterial, kuVariantSet* set, kuVariantSet* otherSet,
     Materials& handledMaterials, Switches& createdSwitches, QString path, bool& switchDuplicated,
     bool& sendMessage) {
+  const kuVariantSet::Keeper kept(*set);
+  const kuVariantSet::Keeper other(*otherSet);
   switchMaterial = osg::SwitchMaterial::create();
   createdSwitches.insert(switchMaterial);
   const osg::MFMaterialPtr entries = otherSwitch->getMaterials();
@@ -143,12 +147,11 @@ void kuVariants::duplicateSwitchAndAddMaterial(
   show(switchMaterial, material);
   introduce(switchMaterial);
   changeMaterial(node, switchMaterial);
-  kuMaterialVariant* variant = createMaterialVariant(switchMaterial, sendMessage);
-  if (variant) set->add(variant, nameOf(material));
-  if (_variantSets.contains(otherSet)) {
-    if (variant) otherSet->add(variant, stateOf(otherSet, otherSet->getMaterialSnapshot(path)));
-    replaceSnapshot(otherSet, path, nameOf(switchMaterial));
+  if (kuMaterialVariant* variant = createMaterialVariant(switchMaterial, sendMessage)) {
+    kept->add(variant, nameOf(material));
+    other->add(variant, stateOf(*other, other->getMaterialSnapshot(path)));
   }
+  replaceSnapshot(*other, path, nameOf(switchMaterial));
   handledMaterials.insert(switchMaterial);
 }
 
@@ -173,6 +176,6 @@ void kuVariants::optimizeMaterialSwitches(kuNodePtr node, QString path,
   removeMaterialVariant(merged);
   for (kuVariantSet* set : _variantSets.entries()) {
     set->removeMaterialVariant(merged);
-    if (set->containsMaterialSnapshot(path)) replaceSnapshot(set, path, nameOf(target));
+    if (set->containsMaterialSnapshot(path)) replaceSnapshot(*set, path, nameOf(target));
   }
 }

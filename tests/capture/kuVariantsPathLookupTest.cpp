@@ -33,7 +33,7 @@ struct PathRow {
 void PrintTo(const PathRow& row, std::ostream* out) { *out << row.name; }
 
 class PathLookupRowTest : public kuVariantsPathLookupTest,
-                    public ::testing::WithParamInterface<PathRow> {};
+                          public ::testing::WithParamInterface<PathRow> {};
 
 TEST_P(PathLookupRowTest, IsFoundWhereANodeHasIt) {
   scene.geometry("Roof", red, scene.group("Left", scene.group("Body")));

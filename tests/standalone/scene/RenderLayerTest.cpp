@@ -61,9 +61,8 @@ TEST_F(RenderLayerTest, StoringKeepsThePresentStateInABracketOfItsOwn) {
   layer->storeState("Day");
   EXPECT_THAT(layer->states(), ElementsAre(Pair("Day", shadowOnly), Pair("Night", noShadow)));
   EXPECT_EQ(layer->present(), shadowOnly);
-  EXPECT_THAT(recorder.brackets(),
-              ElementsAre(BracketRecorder::Bracket("RaytracingGeoAttachment",
-                                                   RenderLayer::StatesFieldMask)));
+  EXPECT_THAT(recorder.brackets(), ElementsAre(BracketRecorder::Bracket(
+                                       "RaytracingGeoAttachment", RenderLayer::StatesFieldMask)));
 }
 
 TEST_F(RenderLayerTest, StoringReplacesTheStateOfThatVeryName) {
@@ -81,9 +80,8 @@ TEST_F(RenderLayerTest, ActivatingTakesTheStoredStateAndStoresNothing) {
   layer->activateState("Day");
   EXPECT_EQ(layer->present(), shadowOnly);
   EXPECT_THAT(layer->states(), ElementsAre(Pair("Day", shadowOnly)));
-  EXPECT_THAT(recorder.brackets(),
-              ElementsAre(BracketRecorder::Bracket("RaytracingGeoAttachment",
-                                                   RenderLayer::PresentFieldMask)));
+  EXPECT_THAT(recorder.brackets(), ElementsAre(BracketRecorder::Bracket(
+                                       "RaytracingGeoAttachment", RenderLayer::PresentFieldMask)));
 }
 
 TEST_F(RenderLayerTest, ActivatingANameThatIsNotStoredGivesTheDefaultState) {
