@@ -96,6 +96,36 @@ TEST_F(SceneCommandTest, ChoiceOutsideTheChildrenIsShownAsANumber) {
   EXPECT_THAT(result.out, HasSubstr("├─ All  Switch: all\n└─ Odd  Switch: choice 7\n"));
 }
 
+constexpr const char* layers = R"({"asset": {"version": "2.0"}, "scenes": [{"nodes": [0, 1, 2, 3]}],
+  "nodes": [
+    {"name": "Wall", "extras": {"renderLayer": {
+      "camera": false, "shadows": false, "states": {"Night": {}, "Day": {}}}}},
+    {"name": "Glass", "extras": {"renderLayer": {"reflections": false}},
+     "extensions": {"KHR_node_visibility": {"visible": false}}},
+    {"name": "Car", "extras": {"renderLayer": {"states": {"": {"camera": false}}}}},
+    {"name": "Sun", "extras": {"renderLayer": {}}}]})";
+
+TEST_F(SceneCommandTest, RenderLayersAreShownWhereTheyAreNotDefault) {
+  write("layers.gltf", layers);
+  EXPECT_THAT(run({"scene", "layers.gltf"}).out,
+              HasSubstr("├─ Wall  Group, no camera, no shadows, layer states Day, Night\n"
+                        "├─ Glass  Group, no reflections, hidden\n"
+                        "├─ Car  Group, layer states (unnamed)\n"
+                        "└─ Sun  Group\n"));
+}
+
+TEST_F(SceneCommandTest, JsonHoldsTheRenderLayersOfNodesThatHaveOne) {
+  write("layers.gltf", layers);
+  const std::string out = run({"scene", "layers.gltf", "--json"}).out;
+  for (const char* layer :
+       {R"({"camera": false, "reflections": true, "shadows": false, "states": ["Day", "Night"]})",
+        R"({"camera": true, "reflections": false, "shadows": true, "states": []})",
+        R"({"camera": true, "reflections": true, "shadows": true, "states": [""]})",
+        R"({"camera": true, "reflections": true, "shadows": true, "states": []})"}) {
+    EXPECT_THAT(out, HasSubstr(R"("renderLayer": )" + std::string(layer) + ",\n")) << layer;
+  }
+}
+
 TEST_F(SceneCommandTest, WarningsOfTheLoaderGoToStandardError) {
   write("skin.gltf", R"({"asset": {"version": "2.0"}, "scenes": [{"nodes": [0]}],
     "extensionsUsed": ["ACME_fog"], "nodes": [{"name": "A", "extensions": {"ACME_fog": {}}}]})");

@@ -155,6 +155,7 @@ TEST_F(RenderLayerFile, ACloneHasOneOfItsOwnAndItsContentThatOfTheOriginals) {
   ASSERT_EQ(result.error, "");
   EXPECT_EQ(layerAt(result, {0})->present(), (RayVisibility{false, true, true}));
   EXPECT_EQ(layerAt(result, {1})->present(), (RayVisibility{true, false, true}));
+  ASSERT_TRUE(layerAt(result, {1, 0}));
   EXPECT_NE(layerAt(result, {0, 0}), layerAt(result, {1, 0}));
   EXPECT_TRUE(layerAt(result, {0, 0})->equals(*layerAt(result, {1, 0})));
   savedAndLoaded(*result.scene);

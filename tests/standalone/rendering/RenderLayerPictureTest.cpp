@@ -176,9 +176,11 @@ TEST_F(RenderLayerPictureTest, WhatNoRaySeesIsAsIfHidden) {
   load();
   SceneBuilder::setActive(find("Plate"), false);
   const QImage hidden = fromAbove();
+  const QVector3D highest = renderer.geometry().bounds().most;
   SceneBuilder::setActive(find("Plate"), true);
   set("Plate", nothing);
   EXPECT_EQ(fromAbove(), hidden);
+  EXPECT_EQ(renderer.geometry().bounds().most, highest);
 }
 
 TEST_F(RenderLayerPictureTest, WhatTheCameraDoesNotSeeHasNoContour) {
