@@ -4,6 +4,8 @@
 #include <map>
 #include <set>
 
+#include "CaptureWarnings.h"
+#include "Diagnostics.h"
 #include "Failure.h"
 #include "Page.h"
 #include "Text.h"
@@ -30,31 +32,21 @@ std::vector<std::pair<std::string, int>> duplicateNames() {
   return duplicates;
 }
 
-[[noreturn]] void failByDuplicates(const QString& set) {
+/** "A" (2 nodes), "B" (3 nodes): the first of them. */
+std::string listed(const std::vector<std::pair<std::string, int>>& duplicates) {
   constexpr std::size_t most = 5;
-  std::string names;
-  const auto duplicates = duplicateNames();
+  std::string text;
   for (std::size_t i = 0; i < std::min(most, duplicates.size()); ++i)
-    names += (i ? ", " : "") + escaped(duplicates[i].first) + " (" +
-             counted(std::size_t(duplicates[i].second), "node") + ')';
-  if (duplicates.size() > most) {
-    names += " and " + counted(duplicates.size() - most, "other name");
-  }
-  throw Failure{ExitCode::Findings, "not captured", set.toStdString(),
-                "nodes share a name: " + names +
-                    "; --rename-duplicates yes renames all but the "
-                    "first of each"};
+    text += (i ? ", \"" : "\"") + escaped(duplicates[i].first) + "\" (" +
+            counted(std::size_t(duplicates[i].second), "node") + ')';
+  if (duplicates.size() > most) text += " and " + counted(duplicates.size() - most, "other name");
+  return text;
 }
 
-SetContent contentOf(const kuVariantSet& set) {
-  SetContent content;
-  for (std::size_t kind = 0; kind < kinds().size(); ++kind) {
-    for (const kuVariantState& state : kinds()[kind].statesOf(set))
-      content.states[kind].emplace_back(state.getVariant(), state.getState());
-  }
-  content.viewpoints.assign(set.getViewpoints().begin(), set.getViewpoints().end());
-  content.defaultViewpoint = set.getDefaultViewpoint();
-  return content;
+[[noreturn]] void failByDuplicates(const QString& set) {
+  throw Failure{ExitCode::Findings, "not captured", set.toStdString(),
+                "nodes share a name: " + listed(duplicateNames()) +
+                    "; --rename-duplicates yes renames all but the first of each"};
 }
 
 bool showsOtherwise(const kuNodePtr& node) {
@@ -69,18 +61,14 @@ bool hasRenderLayers() {
   return std::any_of(nodes.begin(), nodes.end(), showsOtherwise);
 }
 
-/** A switch that grew has states that its variant does not list yet; a document lists them all. */
-void listNewStates() {
-  for (kuMaterialVariant* variant : kuVariants::getMaterialVariants()) {
-    const osg::MaterialPtr material =
-        kuMaterials::findMaterial(variant->getMaterial().toUtf8().constData());
-    if (!material) continue;
-    std::vector<std::string> states;
-    material->getStateNames(states);
-    const bool isListed = std::all_of(states.begin(), states.end(), [&](const std::string& state) {
-      return variant->find(QString::fromStdString(state)) != nullptr;
-    });
-    if (!isListed) variant->updateVariants();
+/** The variant of a switch that grew does not list what is new; a document lists it. */
+void listNewStates(const std::vector<SwitchChange>& changes) {
+  for (const SwitchChange& change : changes) {
+    kuMaterialVariant* variant = kuVariants::findMaterialVariant(change.name);
+    if (!variant) continue;
+    for (const QString& material : change.added) {
+      if (!variant->find(material)) variant->add(material, QString());
+    }
   }
 }
 
@@ -106,19 +94,23 @@ const kuVariantSet* capture(const CaptureStep& step, const TerminalDialogs& dial
                 "the set could not be made"};
 }
 
+void select(const CaptureStep& step, CaptureReport& report) {
+  if (step.before.sets.empty() && step.before.states.empty()) return;
+  const SelectionReport selected = selectAll(step.before);
+  report.after = selected.sets;
+  report.states = selected.states;
+  if (selected.scriptsHeldBack) printDiagnostic(heldBackText(selected.scriptsHeldBack));
+}
+
 CaptureReport run(const CaptureStep& step, const TerminalDialogs& dialogs) {
   CaptureReport report;
-  if (!step.before.sets.empty() || !step.before.states.empty()) {
-    const SelectionReport selected = selectAll(step.before);
-    report.after = selected.sets;
-    report.states = selected.states;
-  }
+  select(step, report);
   const CaptureDifference difference;
   const kuVariantSet* set = capture(step, dialogs);
   if (!set) failByDuplicates(step.set);
-  listNewStates();
   bindSceneplates(*set);
   report.set = set->getName();
+  report.wished = step.set;
   report.group = set->getGroup()->getName();
   report.content = contentOf(*set);
   report.materials = set->getMaterialSnapshots().size();
@@ -126,6 +118,8 @@ CaptureReport run(const CaptureStep& step, const TerminalDialogs& dialogs) {
   report.switches = difference.switches();
   report.renamings = difference.renamings();
   report.hasRenderLayers = hasRenderLayers();
+  listNewStates(report.switches);
+  warnOfCapture(*set);
   return report;
 }
 

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "CaptureDifference.h"
-#include "Optimization.h"
 #include "Selection.h"
+#include "SetContent.h"
 #include "TerminalDialogs.h"
 
 /** One capture: what is put in place first, and the set that takes in what is then to be seen. */
@@ -22,6 +22,7 @@ struct CaptureStep {
 struct CaptureReport {
   /** The set's name; not the one wished for, where that was in use. */
   QString set;
+  QString wished;
   QString group;
   /** What was selected before. */
   QStringList after;
@@ -45,6 +46,6 @@ struct CaptureReport {
 std::vector<CaptureReport> captureAll(const std::vector<CaptureStep>& steps,
                                       TerminalDialogs::Answer renameDuplicates);
 
-std::string captureJson(const std::vector<CaptureReport>& reports);
 /** @param sceneSaved whether the scene is written too; otherwise what it alone holds is told. */
+std::string captureJson(const std::vector<CaptureReport>& reports, bool sceneSaved);
 std::string captureText(const std::vector<CaptureReport>& reports, bool sceneSaved);

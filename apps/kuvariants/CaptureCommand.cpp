@@ -140,8 +140,9 @@ void addCaptureCommand(CLI::App& app, Invocation& invocation) {
     const TerminalDialogs::Answer answer = answerOf(options->renameDuplicates);
     invocation.run = [steps, answer](const Invocation& chosen) {
       const std::vector<CaptureReport> reports = captureAll(steps, answer);
-      return chosen.common.json ? captureJson(reports)
-                                : captureText(reports, chosen.saveScene.has_value());
+      const bool sceneSaved = chosen.saveScene.has_value();
+      return chosen.common.json ? captureJson(reports, sceneSaved)
+                                : captureText(reports, sceneSaved);
     };
   });
 }

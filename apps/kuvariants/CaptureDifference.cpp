@@ -7,6 +7,7 @@
 #include "model/kuVariantSet.h"
 #include "scene/kuMaterialVariant.h"
 #include "standalone/scene/EditBrackets.h"
+#include "standalone/scene/MaterialFields.h"
 #include "standalone/scene/Scene.h"
 #include "standalone/scene/ScenePool.h"
 
@@ -34,6 +35,16 @@ std::vector<std::string> transformStates(const osg::NodePtr& node) {
   return names;
 }
 
+bool isOfFile(const osg::SwitchMaterialPtr& material) {
+  if (material->hostFields().source >= 0) return true;
+  for (const FileVariant& variant : Scene::the().fileVariants) {
+    for (const auto& choice : variant.choices) {
+      if (choice.first == material) return true;
+    }
+  }
+  return false;
+}
+
 QStringList variantNames() {
   QStringList names;
   for (const kuMaterialVariant* variant : kuVariants::getMaterialVariants())
@@ -50,17 +61,19 @@ CaptureDifference::CaptureDifference() : _variants(variantNames()) {
   }
   for (const kuVariantSet* set : kuVariants::getVariantSets())
     _states.emplace(set->getName(), materialStates(*set));
-  if (kuVariantCaptureChecker().hasAmbiguousNodes()) {
-    std::vector<kuNodePtr> nodes;
-    kuNodeUtils::getSceneNodes(nodes, true);
-    for (const kuNodePtr& node : nodes)
-      _nodes.push_back(
-          {node, kuNodeUtils::getName(node), kuVariants::getNodePath(node), transformStates(node)});
-  }
+  if (kuVariantCaptureChecker().hasAmbiguousNodes()) noteNames();
   EditBrackets::watch([this](const osg::FieldContainer& edited, osg::FieldMask) { note(edited); });
 }
 
 CaptureDifference::~CaptureDifference() { EditBrackets::watch({}); }
+
+void CaptureDifference::noteNames() {
+  std::vector<kuNodePtr> nodes;
+  kuNodeUtils::getSceneNodes(nodes, true);
+  for (const kuNodePtr& node : nodes)
+    _nodes.push_back(
+        {node, kuNodeUtils::getName(node), kuVariants::getNodePath(node), transformStates(node)});
+}
 
 void CaptureDifference::note(const osg::FieldContainer& edited) {
   if (!edited.getType().isDerivedFrom(osg::SwitchMaterial::_type)) return;
@@ -83,10 +96,25 @@ QStringList CaptureDifference::addedTo(const osg::SwitchMaterialPtr& material) c
   return added;
 }
 
+CaptureDifference::StateList CaptureDifference::newStatesFor(const QString& variant) const {
+  StateList states;
+  for (const kuVariantSet* set : kuVariants::getVariantSets()) {
+    const States now = materialStates(*set);
+    const auto state = now.find(variant);
+    if (state == now.end()) continue;
+    const auto formerSet = _states.find(set->getName());
+    const bool isOld = formerSet != _states.end() && formerSet->second.count(variant) != 0 &&
+                       formerSet->second.at(variant) == state->second;
+    if (!isOld) states.emplace_back(set->getName(), state->second);
+  }
+  return states;
+}
+
 SwitchChange CaptureDifference::changeOf(const osg::SwitchMaterialPtr& material) const {
   SwitchChange change;
   change.name = nameOf(material);
   change.isNew = _materials.count(material) == 0;
+  change.isOfFile = isOfFile(material);
   change.isVariantNew =
       kuVariants::findMaterialVariant(change.name) && !_variants.contains(change.name);
   change.added = addedTo(material);
@@ -96,15 +124,7 @@ SwitchChange CaptureDifference::changeOf(const osg::SwitchMaterialPtr& material)
   kuMaterials::getNodesWithMaterial(nodes, material);
   for (const kuNodePtr& node : nodes)
     change.nodes += kuVariants::getNodePath(node);
-  for (const kuVariantSet* set : kuVariants::getVariantSets()) {
-    const States now = materialStates(*set);
-    const auto state = now.find(change.name);
-    if (state == now.end()) continue;
-    const auto formerSet = _states.find(set->getName());
-    const bool isOld = formerSet != _states.end() && formerSet->second.count(change.name) != 0 &&
-                       formerSet->second.at(change.name) == state->second;
-    if (!isOld) change.states.emplace_back(set->getName(), state->second);
-  }
+  change.states = newStatesFor(change.name);
   return change;
 }
 

@@ -13,6 +13,8 @@ struct SwitchChange {
   QString name;
   /** Whether the material is new. */
   bool isNew = false;
+  /** Whether the scene's own file has it, so that a document makes nothing of it anew. */
+  bool isOfFile = false;
   /** Whether its variant is new. */
   bool isVariantNew = false;
   QStringList materials;
@@ -53,9 +55,13 @@ class CaptureDifference {
     std::vector<std::string> transformStates;
   };
   using States = std::map<QString, QString>;
+  using StateList = std::vector<std::pair<QString, QString>>;
 
+  void noteNames();
   void note(const osg::FieldContainer& edited);
   QStringList addedTo(const osg::SwitchMaterialPtr& material) const;
+  /** The states that sets have for the variant and had not before. */
+  StateList newStatesFor(const QString& variant) const;
   SwitchChange changeOf(const osg::SwitchMaterialPtr& material) const;
   bool isChanged(const SwitchChange& change) const;
 

@@ -55,9 +55,9 @@ void layOutHelp(CLI::App& app) {
   formatter->label("SUBCOMMAND", "COMMAND");
   app.footer(
       "kuvariants COMMAND --help tells more about a command.\n\n"
-      "Exit codes: 0 done, 1 done with findings, 2 wrong command line, 3 an input\n"
-      "cannot be read or is not valid, 4 unknown set, variant or state, 5 output\n"
-      "cannot be written, 130 interrupted.");
+      "Exit codes: 0 done, 1 done with findings or a renaming refused, 2 wrong\n"
+      "command line, 3 an input cannot be read or is not valid, 4 unknown set,\n"
+      "variant or state, 5 output cannot be written, 130 interrupted.");
 }
 
 void describe(CLI::App& app, Invocation& invocation) {

@@ -1,24 +1,10 @@
 #include "Optimization.h"
 
-#include "Kinds.h"
 #include "manager/kuVariants.h"
 #include "model/kuVariantGroup.h"
 #include "model/kuVariantSet.h"
 
 namespace {
-
-SetContent contentOf(const kuVariantSet& set) {
-  SetContent content;
-  for (std::size_t kind = 0; kind < kinds().size(); ++kind) {
-    for (const kuVariantState& one : kinds()[kind].statesOf(set))
-      content.states[kind].emplace_back(one.getVariant(), one.getState());
-  }
-  content.viewpoints.assign(set.getViewpoints().begin(), set.getViewpoints().end());
-  content.defaultViewpoint = set.getDefaultViewpoint();
-  content.animations = set.getAnimations();
-  content.geometries.assign(set.getGeometries().begin(), set.getGeometries().end());
-  return content;
-}
 
 /** What is no longer in a list from which entries were taken out. */
 template <class List>

@@ -1,22 +1,11 @@
 #pragma once
 
 #include <QString>
-#include <array>
 #include <cstddef>
 #include <string>
-#include <utility>
 #include <vector>
 
-/** What a set names of the scene, or a part of it. */
-struct SetContent {
-  /** For each kind, in the order of kinds(), variants and their states. */
-  std::array<std::vector<std::pair<QString, QString>>, 5> states;
-  std::vector<QString> viewpoints;
-  /** Empty for none. */
-  QString defaultViewpoint;
-  std::vector<QString> animations;
-  std::vector<QString> geometries;
-};
+#include "SetContent.h"
 
 /** What a set lost. */
 struct SetLoss {

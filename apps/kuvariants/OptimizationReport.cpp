@@ -11,18 +11,6 @@ void writeList(JsonWriter& json, const char* key, const std::vector<QString>& li
   json.list(list);
 }
 
-void writeStates(JsonWriter& json, const SetContent& content) {
-  json.key("states");
-  json.object([&] {
-    for (std::size_t kind = 0; kind < kinds().size(); ++kind) {
-      json.key(kinds()[kind].name);
-      json.array(content.states[kind], [&](const auto& state) {
-        json.list(std::array<QString, 2>{state.first, state.second});
-      });
-    }
-  });
-}
-
 void writeLoss(JsonWriter& json, const SetLoss& loss) {
   json.object([&] {
     json.entry("set", loss.set);

@@ -106,6 +106,7 @@ class Rendering {
   RenderReport run() {
     prepareOutputs();
     ScriptPolicy::clearRefusals();
+    if (_options.restoreMaterials) warnWhereNotRestored(_wanted);
     for (const QString& set : _wanted) {
       if (!_options.cumulative) _start.restore();
       render(set);

@@ -1,5 +1,6 @@
 #include "Selection.h"
 
+#include "Diagnostics.h"
 #include "Failure.h"
 #include "Text.h"
 #include "manager/kuVariants.h"
@@ -104,10 +105,26 @@ kuVariantSet& existingSet(const QString& name) {
   failUnknown("unknown set", name.toStdString(), name, namesOf(kuVariants::getVariantSets()));
 }
 
+QString temporarySetName() { return QStringLiteral("Temp"); }
+
+void warnWhereNotRestored(const std::vector<QString>& sets) {
+  if (!kuVariants::findVariantSet(temporarySetName())) return;
+  QStringList affected;
+  for (const QString& set : sets) {
+    if (!existingSet(set).getMaterialSnapshots().empty()) affected += '"' + set + '"';
+  }
+  if (affected.isEmpty()) return;
+  printDiagnostic("warning: materials are not put back to the nodes for " +
+                  affected.join(", ").toStdString() + ": the document has a set named \"" +
+                  temporarySetName().toStdString() +
+                  "\", and the name is needed for that; give that set another");
+}
+
 void activateSet(const QString& name, bool skipViewpoint, bool restoreMaterials) {
   const kuVariantSet& set = existingSet(name);
-  // Not by the set's name: a command cannot carry every name, and it leaves no viewpoint out.
-  if (restoreMaterials && !set.getMaterialSnapshots().empty()) {
+  const bool remembers = !set.getMaterialSnapshots().empty();
+  if (restoreMaterials && remembers && !kuVariants::findVariantSet(temporarySetName())) {
+    // Not by the set's name: a command cannot carry every name, and it leaves no viewpoint out.
     kuVariants::activateCapturedVariantSet("");
   }
   kuVariants::selectVariantSet(name.toUtf8().constData(), skipViewpoint);
@@ -115,6 +132,7 @@ void activateSet(const QString& name, bool skipViewpoint, bool restoreMaterials)
 
 SelectionReport selectAll(const SelectOptions& options) {
   checkNames(options);
+  if (options.restoreMaterials && !options.useDefaults) warnWhereNotRestored(options.sets);
   const std::vector<VariantChange> before = presentStates();
   SelectionReport report;
   report.viewpointBefore = presentViewpoint();

@@ -56,6 +56,15 @@ kuVariantSet& existingSet(const QString& name);
  */
 void activateSet(const QString& name, bool skipViewpoint, bool restoreMaterials);
 
+/** The name of the set that the library needs for itself while it puts materials back. */
+QString temporarySetName();
+
+/**
+ * Tells which of the sets remember materials that cannot be put back, since the document has a set
+ * of the temporary set's name.
+ */
+void warnWhereNotRestored(const std::vector<QString>& sets);
+
 /** Checks every name, then selects. Throws a Failure for a name that does not exist. */
 SelectionReport selectAll(const SelectOptions& options);
 

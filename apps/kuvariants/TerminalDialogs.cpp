@@ -12,6 +12,7 @@
 #include <iostream>
 #include <string>
 
+#include "Diagnostics.h"
 #include "Output.h"
 
 namespace {
@@ -20,10 +21,24 @@ bool isOnTerminal() { return isatty(STDIN_FILENO) == 1 && isatty(STDERR_FILENO) 
 
 void print(const QString& text) { writeAll(STDERR_FILENO, text.toStdString()); }
 
-/** A line that begins with "y", in either case; "no" at the end of input. */
+/** "y" or "yes", in any case; everything else is a "no", and so is the end of input. */
 bool readYes() {
   std::string line;
-  return std::getline(std::cin, line) && !line.empty() && (line[0] == 'y' || line[0] == 'Y');
+  if (!std::getline(std::cin, line)) {
+    print(QStringLiteral("\n"));
+    return false;
+  }
+  const QString answer = QString::fromStdString(line).trimmed().toLower();
+  return answer == "y" || answer == "yes";
+}
+
+/** The lines of a question that warn, where nobody is shown the question itself. */
+void printWarnings(const QMessageBox& box) {
+  for (const QString& line : box.text().split('\n')) {
+    if (line.startsWith("Warning: ")) {
+      printDiagnostic("warning: " + line.mid(line.indexOf(' ') + 1).toStdString());
+    }
+  }
 }
 
 }  // namespace
@@ -55,6 +70,7 @@ void TerminalDialogs::answer(QMessageBox& box) {
 }
 
 bool TerminalDialogs::isYes(const QMessageBox& box) const {
+  if (_answer == Answer::Yes) printWarnings(box);
   if (_answer != Answer::Ask) return _answer == Answer::Yes;
   if (!isOnTerminal()) return false;
   print(box.windowTitle() + "\n\n" + box.text().trimmed() + "\n\n" +
