@@ -1,4 +1,4 @@
-"""Makes the sample scene into a temporary folder and compares it with the one that is kept.
+"""Makes the sample scenes into a temporary folder and compares them with those that are kept.
 
 Usage: check_sample.py ROOT. Exits with 1 where they differ.
 """
@@ -9,18 +9,29 @@ import sys
 import tempfile
 from pathlib import Path
 
+SCENES = {"make_sample.py": ["car/car.gltf"],
+          "make_radio.py": ["radio/red.gltf", "radio/blue.gltf"]}
+
+
+def differing(samples, folder, program):
+    """The scenes of a program that are not what it makes."""
+    subprocess.run([sys.executable, "-B", str(folder / program)], check=True)
+    return [scene for scene in SCENES[program]
+            if (folder / scene).read_bytes() != (samples / scene).read_bytes()]
+
 
 def main():
     samples = Path(sys.argv[1]) / "samples"
-    with tempfile.TemporaryDirectory() as folder:
+    faults = 0
+    with tempfile.TemporaryDirectory() as name:
+        folder = Path(name)
         for program in samples.glob("*.py"):
             shutil.copy(program, folder)
-        subprocess.run([sys.executable, "-B", str(Path(folder) / "make_sample.py")], check=True)
-        made = (Path(folder) / "car" / "car.gltf").read_bytes()
-    if made != (samples / "car" / "car.gltf").read_bytes():
-        print("samples/car/car.gltf is not what samples/make_sample.py makes: run it again")
-        return 1
-    return 0
+        for program in SCENES:
+            for scene in differing(samples, folder, program):
+                print(f"samples/{scene} is not what samples/{program} makes: run it again")
+                faults += 1
+    return 1 if faults else 0
 
 
 if __name__ == "__main__":
