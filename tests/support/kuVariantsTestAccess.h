@@ -23,6 +23,7 @@
  * member adds a static function here that forwards to it.
  */
 struct kuVariantsTestAccess {
+  static const auto& capturedGeometryCores() { return kuVariants::_capturedGeometryCores; }
   static int& animationCursor(kuVariantSet& set) { return set.animationCursor; }
   // The lists of a set, into which the public operations enter a name only once.
   static std::list<kuVariantState>& nodeVariants(kuVariantSet& set) { return set.nodeVariants; }
