@@ -98,6 +98,10 @@ void CircleTest::load(const std::string& path) {
   Scene::install(std::move(loaded.scene));
 }
 
+std::unique_ptr<Scene> CircleTest::sceneOf(const char* file) const {
+  return loadScene(pathOf(file)).scene;
+}
+
 osg::NodePtr CircleTest::node(const std::string& name) {
   return kuScenegraph::findNode(name.c_str()).getNode();
 }

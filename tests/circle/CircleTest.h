@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,9 @@ class CircleTest : public VariantsTest {
   Texts fromTheCaptured(const QString& set);
   /** Selects a set in one of the scenes and makes the result the present scene. */
   void bringBack(const QString& set, const char* sceneFile);
+
+  /** The scene of a file of the circle: "original.gltf" or "captured.gltf". */
+  std::unique_ptr<kuStandalone::Scene> sceneOf(const char* file) const;
 
   // How the user changes the scene between captures; nodes and materials go by their names.
 

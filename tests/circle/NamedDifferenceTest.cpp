@@ -127,6 +127,18 @@ TEST_F(NamedDifference, OfTwoSwitchesInTurnOnANodeTheOtherOneIsPutBack) {
   EXPECT_THAT(fromTheCaptured("B"), ElementsAre("Hood material: Green -> Red"));
 }
 
+TEST_F(NamedDifference, ASwitchOnANodeThatWasPlainBeforeIsPutBackWithoutItsChoice) {
+  hood();
+  scene.switchMaterial("Paint", {material("Red"), material("Blue")}, 0);
+  begin();
+  EXPECT_THAT(capture("A"), IsEmpty());
+  bear("Hood", "Paint");
+  showInSwitch("Paint", 1);
+  EXPECT_THAT(capture("B"), IsEmpty());
+  EXPECT_THAT(fromTheOriginal("A"), IsEmpty());
+  EXPECT_THAT(fromTheOriginal("B"), ElementsAre("Hood material: Blue -> Red"));
+}
+
 TEST_F(NamedDifference, ASetCalledTempKeepsMaterialsFromBeingPutBack) {
   hood();
   begin();
