@@ -71,6 +71,18 @@ struct kuVariantsTestAccess {
     return kuVariants::getPreviewImageFromFrameBuffer(set);
   }
 
+  static QString sceneplateState(const kuNodePtr& node) {
+    return kuVariants::getSceneplateState(node);
+  }
+  static std::size_t capturedGeometryCores() { return kuVariants::_capturedGeometryCores.size(); }
+  static const std::unordered_map<std::uint32_t, std::vector<kuNodePtr>>& nodePathIndex() {
+    return kuVariants::_nodePathIndex;
+  }
+  static bool checkAndSetNodeActive(const osg::NodePtr& node, kuVariantSet& set, bool inclNodes) {
+    bool sendMessage = false;
+    return kuVariants::checkAndSetNodeActive(node, &set, inclNodes, sendMessage);
+  }
+
   // The parts of a capture that have to do with materials.
 
   /** What one capture has met so far. */
