@@ -44,8 +44,8 @@ TEST_F(KuVariantsCaptureMaterialsTest, SubMaterialsWithStatesAreStoredAfterTheir
   const osg::MaterialPtr wet = scene.presetMaterial("Lacquer", {"Dry", "Wet"}, 1);
   const osg::MaterialPtr undecided = scene.presetMaterial("Wax", {"Thin"}, -1);
   const osg::MaterialPtr inner = scene.switchMaterial("Inner", {scene.material("Grey")}, 0);
-  scene.geometry("Hood", scene.switchMaterial(
-                             "Paint", {scene.material("Red"), wet, undecided, inner}, 0));
+  scene.geometry("Hood",
+                 scene.switchMaterial("Paint", {scene.material("Red"), wet, undecided, inner}, 0));
   captureMaterials();
   EXPECT_THAT(content(), ElementsAre("material Paint=Red", "material Lacquer=Wet",
                                      "material Inner=Grey", "target Root", "snapshot Hood=Paint"));
@@ -87,8 +87,8 @@ TEST_F(KuVariantsCaptureMaterialsTest, MaterialGroupIsStoredAndItsChildrenAreWal
       scene.materialGroup("Trim", scene.presetMaterial("Metal", {"Matt", "Shiny"}, 1));
   scene.geometry("Strip", scene.material("Black"), trim);
   captureMaterials();
-  EXPECT_THAT(content(), ElementsAre("material Metal=Shiny", "target Root",
-                                     "snapshot Trim=Metal", "snapshot Trim/Strip=Black"));
+  EXPECT_THAT(content(), ElementsAre("material Metal=Shiny", "target Root", "snapshot Trim=Metal",
+                                     "snapshot Trim/Strip=Black"));
 }
 
 TEST_F(KuVariantsCaptureMaterialsTest, MaterialGroupsTellWhetherTheyAreIgnored) {
@@ -169,11 +169,11 @@ TEST_F(KuVariantsCaptureMaterialsTest, FirstSiblingOfANameGivesItsMaterialToTheO
   const osg::NodePtr elsewhere =
       scene.geometry("Hood", scene.material("Black"), scene.group("Car"));
   captureMaterials();
-  EXPECT_THAT(content(), ElementsAre("target Root", "snapshot Car/Hood=Black",
-                                     "snapshot Hood=Red"));
-  EXPECT_THAT(Texts({materialAt(first), materialAt(second), materialAt(third),
-                     materialAt(elsewhere)}),
-              ElementsAre("Red", "Red", "Red", "Black"));
+  EXPECT_THAT(content(),
+              ElementsAre("target Root", "snapshot Car/Hood=Black", "snapshot Hood=Red"));
+  EXPECT_THAT(
+      Texts({materialAt(first), materialAt(second), materialAt(third), materialAt(elsewhere)}),
+      ElementsAre("Red", "Red", "Red", "Black"));
 }
 
 TEST_F(KuVariantsCaptureMaterialsTest, FirstSiblingGivesItsMaterialAlsoWhereAnotherIsCaptured) {
@@ -189,7 +189,6 @@ TEST_F(KuVariantsCaptureMaterialsTest, NodesWhosePathsCollideKeepTheirMaterials)
   const osg::NodePtr second = scene.geometry("Motedu", scene.material("Blue"));
   captureMaterials();
   ASSERT_EQ(kuVariantsTestAccess::nodePathIndex().at(0x31748591).size(), 2u);
-  EXPECT_THAT(content(),
-              ElementsAre("target Root", "snapshot Lebaco=Red", "snapshot Motedu=Blue"));
+  EXPECT_THAT(content(), ElementsAre("target Root", "snapshot Lebaco=Red", "snapshot Motedu=Blue"));
   EXPECT_THAT(Texts({materialAt(first), materialAt(second)}), ElementsAre("Red", "Blue"));
 }

@@ -51,36 +51,36 @@ TEST_P(KuVariantsSceneplateStateTest, State) {
 
 INSTANTIATE_TEST_SUITE_P(
     States, KuVariantsSceneplateStateTest,
-    ::testing::Values(
-        StateOfRow{"NullIsEmpty", [](SceneBuilder&) { return osg::NodePtr(); }, ""},
-        StateOfRow{"SwitchShowsItsFirstChild", switchOfTwo<0, true>, "Front"},
-        StateOfRow{"SwitchShowsItsLastChild", switchOfTwo<1, true>, "Rear"},
-        StateOfRow{"SwitchShowsAll", switchOfTwo<-2, true>, "!All"},
-        StateOfRow{"SwitchShowsNone", switchOfTwo<-1, true>, "!None"},
-        StateOfRow{"SwitchAtItsChildrensNumber", switchOfTwo<2, true>, "!None"},
-        StateOfRow{"SwitchFarBeyondItsChildren", switchOfTwo<9, true>, "!None"},
-        StateOfRow{"SwitchBelowAllNumbersInUse", switchOfTwo<-3, true>, "!None"},
-        StateOfRow{"InactiveSwitchWithAChild", switchOfTwo<0, false>, "!None"},
-        StateOfRow{"InactiveSwitchThatShowsAll", switchOfTwo<-2, false>, "!None"},
-        StateOfRow{"InactiveSwitchThatShowsNone", switchOfTwo<-1, false>, "!None"},
-        StateOfRow{"SceneplateShown", [](SceneBuilder& scene) { return scene.sceneplate("Logo"); },
-                   "!Enable"},
-        StateOfRow{"SceneplateHidden",
-                   [](SceneBuilder& scene) {
-                     const osg::NodePtr logo = scene.sceneplate("Logo");
-                     SceneBuilder::setActive(logo, false);
-                     return logo;
-                   },
-                   "!Disable"},
-        StateOfRow{"NodeWithoutCoreShown", [](SceneBuilder& scene) { return scene.bare("Logo"); },
-                   "!Enable"},
-        StateOfRow{"NodeWithoutCoreHidden",
-                   [](SceneBuilder& scene) {
-                     const osg::NodePtr logo = scene.bare("Logo");
-                     SceneBuilder::setActive(logo, false);
-                     return logo;
-                   },
-                   "!Disable"}),
+    ::testing::Values(StateOfRow{"NullIsEmpty", [](SceneBuilder&) { return osg::NodePtr(); }, ""},
+                      StateOfRow{"SwitchShowsItsFirstChild", switchOfTwo<0, true>, "Front"},
+                      StateOfRow{"SwitchShowsItsLastChild", switchOfTwo<1, true>, "Rear"},
+                      StateOfRow{"SwitchShowsAll", switchOfTwo<-2, true>, "!All"},
+                      StateOfRow{"SwitchShowsNone", switchOfTwo<-1, true>, "!None"},
+                      StateOfRow{"SwitchAtItsChildrensNumber", switchOfTwo<2, true>, "!None"},
+                      StateOfRow{"SwitchFarBeyondItsChildren", switchOfTwo<9, true>, "!None"},
+                      StateOfRow{"SwitchBelowAllNumbersInUse", switchOfTwo<-3, true>, "!None"},
+                      StateOfRow{"InactiveSwitchWithAChild", switchOfTwo<0, false>, "!None"},
+                      StateOfRow{"InactiveSwitchThatShowsAll", switchOfTwo<-2, false>, "!None"},
+                      StateOfRow{"InactiveSwitchThatShowsNone", switchOfTwo<-1, false>, "!None"},
+                      StateOfRow{"SceneplateShown",
+                                 [](SceneBuilder& scene) { return scene.sceneplate("Logo"); },
+                                 "!Enable"},
+                      StateOfRow{"SceneplateHidden",
+                                 [](SceneBuilder& scene) {
+                                   const osg::NodePtr logo = scene.sceneplate("Logo");
+                                   SceneBuilder::setActive(logo, false);
+                                   return logo;
+                                 },
+                                 "!Disable"},
+                      StateOfRow{"NodeWithoutCoreShown",
+                                 [](SceneBuilder& scene) { return scene.bare("Logo"); }, "!Enable"},
+                      StateOfRow{"NodeWithoutCoreHidden",
+                                 [](SceneBuilder& scene) {
+                                   const osg::NodePtr logo = scene.bare("Logo");
+                                   SceneBuilder::setActive(logo, false);
+                                   return logo;
+                                 },
+                                 "!Disable"}),
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(KuVariantsCaptureSceneplatesTest, ShownSceneplateYieldsNoVariant) {
@@ -97,9 +97,8 @@ TEST_F(KuVariantsCaptureSceneplatesTest, DeviatingOnesAreStoredInTheOrderOfTheir
   inactive(scene.sceneplate("Logo"));
   captureSceneplates();
   EXPECT_THAT(content(), ElementsAre("overlay Logo=!Disable", "overlay Title=!Disable"));
-  EXPECT_THAT(messages.lines(),
-              ElementsAre("overlayVariantAdded/1 variant:void*=kuVariant Logo",
-                          "overlayVariantAdded/1 variant:void*=kuVariant Title"));
+  EXPECT_THAT(messages.lines(), ElementsAre("overlayVariantAdded/1 variant:void*=kuVariant Logo",
+                                            "overlayVariantAdded/1 variant:void*=kuVariant Title"));
 }
 
 TEST_F(KuVariantsCaptureSceneplatesTest, SwitchesAndNestedSceneplatesAreStored) {
@@ -108,8 +107,8 @@ TEST_F(KuVariantsCaptureSceneplatesTest, SwitchesAndNestedSceneplatesAreStored) 
   const osg::NodePtr group = scene.sceneplate("Group");
   inactive(scene.sceneplate("Nested", group));
   captureSceneplates();
-  EXPECT_THAT(content(), ElementsAre("overlay Both=!All", "overlay Nested=!Disable",
-                                     "overlay Plates=Rear"));
+  EXPECT_THAT(content(),
+              ElementsAre("overlay Both=!All", "overlay Nested=!Disable", "overlay Plates=Rear"));
 }
 
 TEST_F(KuVariantsCaptureSceneplatesTest, SceneplatesBelowAnInactiveOneAreVisited) {

@@ -127,9 +127,9 @@ TEST_F(KuVariantsCaptureViewTest, CameraWithoutTrackGetsNoViewpoint) {
   captureView(true);
   captureView(false);
   EXPECT_THAT(content(), ElementsAre("target Root"));
-  EXPECT_THAT(cameras.asked, ElementsAre("getActiveCamera 0", "findSetNamedViewpointTrack Front",
-                                         "getActiveCamera 0",
-                                         "findViewSuffixedViewpointTrack Front"));
+  EXPECT_THAT(cameras.asked,
+              ElementsAre("getActiveCamera 0", "findSetNamedViewpointTrack Front",
+                          "getActiveCamera 0", "findViewSuffixedViewpointTrack Front"));
 }
 
 TEST_F(KuVariantsCaptureViewTest, RefusedViewpointIsNotStored) {

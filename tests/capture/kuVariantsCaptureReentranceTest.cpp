@@ -1,0 +1,118 @@
+#include <QApplication>
+#include <QProgressDialog>
+#include <stdexcept>
+
+#include "SceneCaptureTest.h"
+#include "standalone/kernel/HostState.h"
+#include "standalone/scene/SceneNode.h"
+#include "support/MessageReceiver.h"
+#include "support/kuVariantsTestAccess.h"
+
+using kuStandalone::HostState;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+// Captures whose receivers of messages throw, or take away what they can.
+
+namespace {
+
+class KuVariantsCaptureReentranceTest : public SceneCaptureTest {
+ protected:
+  KuVariantsCaptureReentranceTest() {
+    scene.geometry("Hood", scene.material("Red"));
+    scene.switchNode("Body", 0, {"Coupe"});
+    scene.switchNode("Roof", 0, {"Open"});
+  }
+  void captureTelling() {
+    CaptureFlags flags = only(&CaptureFlags::nodes);
+    flags.mats = flags.sendMessage = true;
+    capture(flags);
+  }
+  static void fail(kuMessage&) { throw std::runtime_error("receiver"); }
+};
+
+}  // namespace
+
+TEST_F(KuVariantsCaptureReentranceTest, BusyStateAndDialogueAreSeenByReceivers) {
+  Texts seen;
+  const MessageReceiver receiver("nodeVariantAdded", [&](kuMessage&) {
+    const auto* shown = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+    seen.push_back(std::string(HostState::the().busy ? "busy " : "idle ") +
+                   (shown ? shown->labelText().toStdString() : "no dialogue"));
+  });
+  captureTelling();
+  EXPECT_THAT(seen, ElementsAre("busy Capturing Variant Set ...", "busy Capturing Variant Set ..."));
+  EXPECT_FALSE(HostState::the().busy);
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(KuVariantsCaptureReentranceTest, WhatAReceiverThrowsEndsTheCaptureCleanly) {
+  const MessageReceiver receiver("nodeVariantAdded", fail);
+  EXPECT_THROW(captureTelling(), std::runtime_error);
+  EXPECT_FALSE(HostState::the().busy);
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  EXPECT_EQ(kuVariantsTestAccess::capturedGeometryCores(), 0u);
+  EXPECT_THAT(content(), IsEmpty());
+  kuVariants::removeVariantSet("Set");
+  EXPECT_THAT(setNames(), IsEmpty());
+}
+
+TEST_F(KuVariantsCaptureReentranceTest, CaptureAfterOneThatFailedIsWhole) {
+  {
+    const MessageReceiver receiver("nodeVariantAdded", fail);
+    EXPECT_THROW(captureTelling(), std::runtime_error);
+  }
+  SceneBuilder::setActive(scene.group("Mirror"), false);
+  captureTelling();
+  EXPECT_THAT(content(), ElementsAre("node Body=Coupe", "node Roof=Open", "node Mirror=!Disable",
+                                     "target Root", "snapshot Hood=Red"));
+}
+
+TEST_F(KuVariantsCaptureReentranceTest, RemovedVariantsAreNotStored) {
+  const MessageReceiver receiver("nodeVariantAdded",
+                                 [](kuMessage&) { kuVariants::clearNodeVariants(); });
+  captureTelling();
+  EXPECT_THAT(content(), ElementsAre("target Root", "snapshot Hood=Red"));
+  EXPECT_THAT(kuVariants::getNodeVariants(), IsEmpty());
+}
+
+TEST_F(KuVariantsCaptureReentranceTest, OtherSetsMayBeRemoved) {
+  makeSet("Before").addMaterialSnapshot("Hood", "Blue");
+  makeSet("After").addMaterialSnapshot("Hood", "Blue");
+  scene.material("Blue");
+  const MessageReceiver receiver("materialVariantAdded", [](kuMessage&) {
+    kuVariants::removeVariantSet("Before");
+    kuVariants::removeVariantSet("After");
+  });
+  captureTelling();
+  EXPECT_THAT(setNames(), ElementsAre("Set"));
+  EXPECT_THAT(content(), ElementsAre("node Body=Coupe", "node Roof=Open", "material Switch=Red",
+                                     "target Root", "snapshot Hood=Switch"));
+}
+
+TEST_F(KuVariantsCaptureReentranceTest, NodeThatAReceiverTakesOutIsReleasedAfterIts) {
+  const MessageReceiver receiver("nodeVariantAdded", [this](kuMessage&) {
+    auto& root = kuStandalone::SceneNode::of(scene.root());
+    while (!root.children().empty())
+      root.removeChild(root.children().back());
+  });
+  captureTelling();
+  EXPECT_THAT(content(), ElementsAre("node Body=Coupe", "target Root", "snapshot Hood=Red"));
+}
+
+TEST_F(KuVariantsCaptureReentranceTest, CaptureWithinACaptureIsWhole) {
+  SceneBuilder::setActive(scene.group("Mirror"), false);
+  kuVariantSet& inner = makeSet("Inner");
+  bool isFirst = true;
+  const MessageReceiver receiver("nodeVariantAdded", [&](kuMessage&) {
+    if (!std::exchange(isFirst, false)) return;
+    capture(inner, only(&CaptureFlags::nodes), {scene.root()});
+  });
+  captureTelling();
+  EXPECT_THAT(content(inner),
+              ElementsAre("node Body=Coupe", "node Roof=Open", "node Mirror=!Disable",
+                          "target Root"));
+  EXPECT_THAT(content(), ElementsAre("node Body=Coupe", "node Roof=Open", "node Mirror=!Disable",
+                                     "target Root", "snapshot Hood=Red"));
+  EXPECT_FALSE(HostState::the().busy);
+}
