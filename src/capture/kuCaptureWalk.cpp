@@ -70,10 +70,10 @@ void kuVariants::CaptureWalk::captureTransform(const osg::NodePtr& node) {
 void kuVariants::CaptureWalk::captureSwitch(const osg::NodePtr& node) {
   const auto core = osg::SwitchPtr::dcast(node->getCore());
   if (!core || core->getChoice() >= static_cast<int>(node->getNChildren())) return;
+  const osg::NodePtr chosen = chosenChild(node, core->getChoice());
   if (!(kuNodeUtils::isEnvironmentGeometrySwitch(node) ? incl.env : incl.nodes)) return;
   kuNodeVariant* variant = createNodeVariant(node, sendMessage);
   if (!variant) return;
-  const osg::NodePtr chosen = chosenChild(node, core->getChoice());
   if (!chosen) {
     set->add(variant, QStringLiteral("!None"));
   } else {

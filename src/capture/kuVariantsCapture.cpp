@@ -1,6 +1,5 @@
 #include <QCoreApplication>
 #include <QProgressDialog>
-#include <cstring>
 
 #include "capture/kuActiveNodes.h"
 #include "host/kernel/kuController.h"

@@ -1,7 +1,6 @@
 #include <QByteArray>
 #include <algorithm>
 #include <boost/container/small_vector.hpp>
-#include <cstring>
 #include <string>
 #include <string_view>
 

@@ -41,7 +41,8 @@ TEST_F(KuVariantsCaptureReentranceTest, BusyStateAndDialogueAreSeenByReceivers) 
                    (shown ? shown->labelText().toStdString() : "no dialogue"));
   });
   captureTelling();
-  EXPECT_THAT(seen, ElementsAre("busy Capturing Variant Set ...", "busy Capturing Variant Set ..."));
+  EXPECT_THAT(seen,
+              ElementsAre("busy Capturing Variant Set ...", "busy Capturing Variant Set ..."));
   EXPECT_FALSE(HostState::the().busy);
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
@@ -100,6 +101,21 @@ TEST_F(KuVariantsCaptureReentranceTest, NodeThatAReceiverTakesOutIsReleasedAfter
   EXPECT_THAT(content(), ElementsAre("node Body=Coupe", "target Root", "snapshot Hood=Red"));
 }
 
+TEST_F(KuVariantsCaptureReentranceTest, SwitchIsStoredAsItStoodBeforeItWasAnnounced) {
+  const osg::NodePtr seat = scene.switchNode("Seat", 0, {"Up", "Down"});
+  const MessageReceiver receiver("nodeVariantAdded", [&](kuMessage&) {
+    kuStandalone::SwitchCore::of(seat->getCore()).choice = 1;
+  });
+  capture(set,
+          [] {
+            CaptureFlags flags = only(&CaptureFlags::nodes);
+            flags.sendMessage = true;
+            return flags;
+          }(),
+          {seat});
+  EXPECT_THAT(content(), ElementsAre("node Seat=Up", "target Seat"));
+}
+
 TEST_F(KuVariantsCaptureReentranceTest, CaptureWithinACaptureIsWhole) {
   SceneBuilder::setActive(scene.group("Mirror"), false);
   kuVariantSet& inner = makeSet("Inner");
@@ -109,9 +125,8 @@ TEST_F(KuVariantsCaptureReentranceTest, CaptureWithinACaptureIsWhole) {
     capture(inner, only(&CaptureFlags::nodes), {scene.root()});
   });
   captureTelling();
-  EXPECT_THAT(content(inner),
-              ElementsAre("node Body=Coupe", "node Roof=Open", "node Mirror=!Disable",
-                          "target Root"));
+  EXPECT_THAT(content(inner), ElementsAre("node Body=Coupe", "node Roof=Open",
+                                          "node Mirror=!Disable", "target Root"));
   EXPECT_THAT(content(), ElementsAre("node Body=Coupe", "node Roof=Open", "node Mirror=!Disable",
                                      "target Root", "snapshot Hood=Red"));
   EXPECT_FALSE(HostState::the().busy);

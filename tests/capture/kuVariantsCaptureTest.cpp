@@ -3,9 +3,9 @@
 #include <QTimer>
 
 #include "SceneCaptureTest.h"
-#include "standalone/kernel/HostState.h"
 #include "host/kernel/kuScenegraph.h"
 #include "host/utils/kuNodeUtils.h"
+#include "standalone/kernel/HostState.h"
 #include "standalone/scene/SceneNode.h"
 #include "support/kuVariantsTestAccess.h"
 
@@ -59,10 +59,10 @@ TEST_F(KuVariantsCaptureTest, EventsRunBetweenTheStepsAndTheNodes) {
   CaptureFlags flags = only(&CaptureFlags::nodes);
   flags.sceneplates = true;
   capture(flags);
-  EXPECT_THAT(sights, ElementsAre("dialogue, Old=State", "dialogue, busy",
-                                  "dialogue, busy, Body=Coupe",
-                                  "dialogue, busy, Body=Coupe, Roof=Open",
-                                  "dialogue, busy, Body=Coupe, Roof=Open, Logo=!Disable"));
+  EXPECT_THAT(sights,
+              ElementsAre("dialogue, Old=State", "dialogue, busy", "dialogue, busy, Body=Coupe",
+                          "dialogue, busy, Body=Coupe, Roof=Open",
+                          "dialogue, busy, Body=Coupe, Roof=Open, Logo=!Disable"));
   EXPECT_EQ(sight(), "no dialogue, Body=Coupe, Roof=Open, Logo=!Disable, Title=!Disable");
 }
 

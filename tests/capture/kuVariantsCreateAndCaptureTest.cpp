@@ -8,6 +8,7 @@
 #include "standalone/kernel/HostState.h"
 #include "standalone/scene/SceneNode.h"
 #include "support/MessageReceiver.h"
+#include "support/PictureScene.h"
 #include "support/SceneDump.h"
 
 using kuStandalone::HostState;
@@ -22,7 +23,10 @@ class KuVariantsCreateAndCaptureTest : public VariantsTest {
  protected:
   using Texts = std::vector<std::string>;
 
-  KuVariantsCreateAndCaptureTest() { HostState::the().renderSetting = 1; }
+  KuVariantsCreateAndCaptureTest() {
+    HostState::the().raytracing = false;
+    HostState::the().renderSetting = 1;
+  }
 
   static Texts setsOf(const kuVariantGroup& group) {
     Texts names;
@@ -112,6 +116,15 @@ TEST_F(KuVariantsCreateAndCaptureTest, PreviewIsAPictureOf264By256WithoutProgres
   EXPECT_TRUE(HostState::the().exports.noProgress);
 }
 
+TEST_F(KuVariantsCreateAndCaptureTest, PreviewIsRenderedWithTheSettingOfAFinishedPicture) {
+  installTriangle();
+  HostState::the().raytracing = true;
+  kuVariants::createAndCaptureVariantSet("Summer", "Seasons");
+  const QByteArray preview = made("Summer")->getPreview();
+  EXPECT_EQ(preview, kuVariants::createPreviewImage(264, 256, false, true));
+  EXPECT_NE(preview, kuVariants::createPreviewImage(264, 256, false, false));
+}
+
 TEST_F(KuVariantsCreateAndCaptureTest, GroupThatExistsIsUsed) {
   kuVariants::createVariantGroup("Other", false, true);
   kuVariantGroup* group = kuVariants::createVariantGroup("Seasons", false, false);
@@ -119,8 +132,7 @@ TEST_F(KuVariantsCreateAndCaptureTest, GroupThatExistsIsUsed) {
   EXPECT_THAT(setsOf(*group), ElementsAre("Summer"));
   EXPECT_FALSE(group->getVisible());
   EXPECT_EQ(kuVariants::getVariantGroups().size(), 2u);
-  EXPECT_EQ(messages.lines(),
-            withChanges({"variantSetAdded/1 variant:void*=kuVariantSet Summer"}));
+  EXPECT_EQ(messages.lines(), withChanges({"variantSetAdded/1 variant:void*=kuVariantSet Summer"}));
 }
 
 TEST_F(KuVariantsCreateAndCaptureTest, FirstOfTwoGroupsOfANameIsUsed) {
@@ -154,8 +166,7 @@ TEST_F(KuVariantsCreateAndCaptureTest, NewRenderQueueIsHiddenAndNotAnnounced) {
   ASSERT_TRUE(group);
   EXPECT_FALSE(group->getVisible());
   EXPECT_THAT(setsOf(*group), ElementsAre("Summer"));
-  EXPECT_EQ(messages.lines(),
-            withChanges({"variantSetAdded/1 variant:void*=kuVariantSet Summer"}));
+  EXPECT_EQ(messages.lines(), withChanges({"variantSetAdded/1 variant:void*=kuVariantSet Summer"}));
 }
 
 TEST_F(KuVariantsCreateAndCaptureTest, RenderQueueThatExistsIsUsedAsItIs) {
@@ -177,8 +188,7 @@ TEST_F(KuVariantsCreateAndCaptureTest, NameInUseIsMadeUnique) {
   const QString unique = kuVariants::getUniqueVariantSetName("Summer");
   kuVariants::createAndCaptureVariantSet("Summer", "Seasons");
   ASSERT_NE(unique, "Summer");
-  EXPECT_THAT(setsOf(*kuVariants::findVariantGroup("Seasons")),
-              ElementsAre(unique.toStdString()));
+  EXPECT_THAT(setsOf(*kuVariants::findVariantGroup("Seasons")), ElementsAre(unique.toStdString()));
   EXPECT_EQ(kuVariants::findVariantSet(unique)->getScript(),
             "activateRenderLayerState(\"" + unique + "\")");
 }

@@ -147,8 +147,7 @@ TEST_F(KuVariantsNodePathsTest, OnlyNodesOfThePathTakeTheMaterialOfTheFirst) {
   const osg::NodePtr collides = scene.geometry("Dapuli", scene.material("Blue"), car);
   const osg::NodePtr sibling = scene.geometry("Tipobige", scene.material("Green"), car);
   Access::rebuildNodePathIndex();
-  ASSERT_THAT(pathsUnder(0xf2ddd0e5),
-              ElementsAre("Car/Tipobige", "Car/Dapuli", "Car/Tipobige"));
+  ASSERT_THAT(pathsUnder(0xf2ddd0e5), ElementsAre("Car/Tipobige", "Car/Dapuli", "Car/Tipobige"));
   EXPECT_TRUE(Access::checkIfNodeMatchesNodePath(first, "Car/Tipobige", true));
   EXPECT_THAT(Texts({materialAt(first), materialAt(collides), materialAt(sibling)}),
               ElementsAre("Red", "Blue", "Red"));
