@@ -90,7 +90,8 @@ void kuVariants::createAndCaptureVariantSet(const char* setName, const char* gro
   const kuVariantSet::Keeper kept(*set);
   captureVariantsFromRootNodes(set, {kuOpenSGUtils::getRoot()}, true, true, true, true, true, true,
                                true, true, false, true);
-  kept->setPreview(createPreviewImage(264, 256, false, true));
+  QByteArray preview = createPreviewImage(264, 256, false, true);
+  kept->setPreview(std::move(preview));  // only now: the set may have gone while it rendered
   announceEverything();
 }
 
