@@ -74,7 +74,6 @@ struct kuVariantsTestAccess {
   static QString sceneplateState(const kuNodePtr& node) {
     return kuVariants::getSceneplateState(node);
   }
-  static std::size_t capturedGeometryCores() { return kuVariants::_capturedGeometryCores.size(); }
   static const std::unordered_map<std::uint32_t, std::vector<kuNodePtr>>& nodePathIndex() {
     return kuVariants::_nodePathIndex;
   }
