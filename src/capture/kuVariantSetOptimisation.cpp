@@ -61,6 +61,11 @@ void eraseWhere(std::list<Entry>& list, IsDue isDue) {
   list.remove_if(isDue);
 }
 
+template <class IsDue>
+void eraseWhere(kuVariantStates& states, IsDue isDue) {
+  states.editable().remove_if(isDue);
+}
+
 template <class Entry, class IsDue>
 void eraseWhere(std::vector<Entry>& list, IsDue isDue) {
   list.erase(std::remove_if(list.begin(), list.end(), isDue), list.end());

@@ -1,7 +1,6 @@
-#include <memory>
 #include <vector>
 
-#include "document/kuGrowingLists.h"
+#include "document/kuSeenNames.h"
 #include "document/kuVariantReader.h"
 #include "host/osg/Sceneplate.h"
 #include "host/utils/kuNodeUtils.h"
@@ -51,16 +50,16 @@ class kuVariantReader::OverlayFix {
   unsigned _id;
   QString _name;
   kuSeenNames _seen;
-  /** Null from the first announcement on: the list is no longer ours alone. */
-  std::unique_ptr<kuGrowingStates> _states;
+  /** Null from the first announcement on: the set may be gone then. */
+  kuVariantStates* _states = nullptr;
 };
 
 void kuVariantReader::OverlayFix::run(const std::vector<QString>& sceneplates) {
   kuVariantSet* found = set();
   if (!found || found->overlayVariants.empty()) return;
-  _states = std::make_unique<kuGrowingStates>(found->overlayVariants);
+  _states = &found->overlayVariants;
   const bool hasCurrentStates =
-      enableEmptyStates({found->overlayVariants.begin(), found->overlayVariants.end()});
+      enableEmptyStates({_states->entries().begin(), _states->entries().end()});
   if (!hasCurrentStates) disableOthers(sceneplates);
 }
 
@@ -94,7 +93,7 @@ void kuVariantReader::OverlayFix::disableOthers(const std::vector<QString>& scen
 
 void kuVariantReader::OverlayFix::put(const QString& variant, kuKeyword state) {
   if (!kuVariants::findOverlayVariant(variant)) {
-    _states.reset();
+    _states = nullptr;
     kuVariants::createOverlayVariant(variant, true);
   }
   if (_states) {

@@ -2,8 +2,8 @@
 #include <variant>
 #include <vector>
 
-#include "document/kuGrowingLists.h"
 #include "document/kuPreviewText.h"
+#include "document/kuSeenNames.h"
 #include "document/kuVariantReader.h"
 #include "manager/kuVariants.h"
 #include "model/kuVariantSet.h"
@@ -61,16 +61,10 @@ QString state(const QDomElement& element) { return element.attribute(QStringLite
 
 }  // namespace
 
-/** A set while its element is read. Nothing here calls out, so the lists may keep their indices. */
+/** A set while its element is read. */
 class kuVariantReader::SetContent {
  public:
-  explicit SetContent(kuVariantSet& set)
-      : _set(set),
-        _nodes(set.nodeVariants),
-        _transforms(set.transformVariants),
-        _materials(set.materialVariants),
-        _lights(set.lightVariants),
-        _overlays(set.overlayVariants) {}
+  explicit SetContent(kuVariantSet& set) : _set(set) {}
 
   void takeAttributes(QDomElement& element);
   void takeChild(QDomElement& child);
@@ -92,7 +86,6 @@ class kuVariantReader::SetContent {
   }
 
   kuVariantSet& _set;
-  kuGrowingStates _nodes, _transforms, _materials, _lights, _overlays;
   kuSeenNames _viewpoints, _animations, _geometries, _targets;
 };
 
@@ -117,17 +110,20 @@ void kuVariantReader::SetContent::takeChild(QDomElement& child) {
 
 const QHash<QString, kuVariantReader::SetContent::Taker>& kuVariantReader::SetContent::takers() {
   using Element = QDomElement&;
-  const auto overlay = [](Content& c, Element e) { c._overlays.add(ref(e), state(e)); };
+  const auto overlay = [](Content& c, Element e) { c._set.overlayVariants.add(ref(e), state(e)); };
   static const QHash<QString, Taker> takers{
       {"Hotkey", [](Content& c, Element e) { c.takeHotkey(e.text()); }},
       {"SequentialAnimation",
        [](Content& c, Element e) {
          c._set.sequentialAnimation = e.text() == QLatin1String("true");
        }},
-      {"NodeVariantRef", [](Content& c, Element e) { c._nodes.add(ref(e), state(e)); }},
-      {"TransformRef", [](Content& c, Element e) { c._transforms.add(ref(e), state(e)); }},
-      {"MaterialVariantRef", [](Content& c, Element e) { c._materials.add(ref(e), state(e)); }},
-      {"LightVariantRef", [](Content& c, Element e) { c._lights.add(ref(e), state(e)); }},
+      {"NodeVariantRef", [](Content& c, Element e) { c._set.nodeVariants.add(ref(e), state(e)); }},
+      {"TransformRef",
+       [](Content& c, Element e) { c._set.transformVariants.add(ref(e), state(e)); }},
+      {"MaterialVariantRef",
+       [](Content& c, Element e) { c._set.materialVariants.add(ref(e), state(e)); }},
+      {"LightVariantRef",
+       [](Content& c, Element e) { c._set.lightVariants.add(ref(e), state(e)); }},
       {"ViewpointRef",
        [](Content& c, Element e) { append(c._set.viewpoints, c._viewpoints, ref(e)); }},
       {"OverlayRef", overlay},

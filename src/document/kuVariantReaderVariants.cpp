@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "document/kuGrowingLists.h"
+#include "document/kuSeenNames.h"
 #include "document/kuVariantReader.h"
 #include "host/osg/EditCP.h"
 #include "host/osg/SwitchMaterial.h"

@@ -12,7 +12,7 @@
 
 #include "host/osg/Node.h"
 #include "model/kuObservedName.h"
-#include "model/kuVariantState.h"
+#include "model/kuVariantStates.h"
 #include "scene/kuAnalyzerVariant.h"
 
 class kuLightVariant;
@@ -337,15 +337,15 @@ class KUVARIANTS_EXPORT kuVariantSet {
   QFlags<Qt::KeyboardModifier> shortcutModifier;
   QString defaultViewpoint;
   std::list<QString> viewpoints;
-  std::list<kuVariantState> overlayVariants;
+  kuVariantStates overlayVariants;
   std::vector<QString> animations;
   int animationCursor = 0;
   bool sequentialAnimation = false;
   std::list<QString> geometries;
-  std::list<kuVariantState> nodeVariants;
-  std::list<kuVariantState> materialVariants;
-  std::list<kuVariantState> lightVariants;
-  std::list<kuVariantState> transformVariants;
+  kuVariantStates nodeVariants;
+  kuVariantStates materialVariants;
+  kuVariantStates lightVariants;
+  kuVariantStates transformVariants;
   std::map<QString, QString> values;
   kuVariantGroup* group = nullptr;
   kuAnalyzerVariant analyzerVariant;

@@ -1,35 +1,32 @@
 #include "model/kuVariantSet.h"
-#include "model/kuVariantStates.h"
 
 // The states of the five kinds by the variants' names. The overloads that take a variant stand
 // beside the kinds.
 
 void kuVariantSet::addNodeVariant(const QString& variant, const QString& state) {
-  kuVariantStates::add(nodeVariants, variant, state);
+  nodeVariants.add(variant, state);
 }
 
 kuVariantState* kuVariantSet::findNodeVariant(const QString& variant) {
-  return kuVariantStates::find(nodeVariants, variant);
+  return nodeVariants.find(variant);
 }
 
-void kuVariantSet::removeNodeVariant(const QString& variant) {
-  kuVariantStates::remove(nodeVariants, variant);
-}
+void kuVariantSet::removeNodeVariant(const QString& variant) { nodeVariants.remove(variant); }
 
 bool kuVariantSet::containsNodeVariant(std::string variant) {
   return findNodeVariant(QString::fromStdString(variant)) != nullptr;
 }
 
 void kuVariantSet::addMaterialVariant(const QString& variant, const QString& state) {
-  kuVariantStates::add(materialVariants, variant, state);
+  materialVariants.add(variant, state);
 }
 
 kuVariantState* kuVariantSet::findMaterialVariant(const QString& variant) {
-  return kuVariantStates::find(materialVariants, variant);
+  return materialVariants.find(variant);
 }
 
 void kuVariantSet::removeMaterialVariant(const QString& variant) {
-  kuVariantStates::remove(materialVariants, variant);
+  materialVariants.remove(variant);
 }
 
 bool kuVariantSet::containsMaterialVariant(std::string variant) {
@@ -37,47 +34,43 @@ bool kuVariantSet::containsMaterialVariant(std::string variant) {
 }
 
 void kuVariantSet::addLightVariant(const QString& variant, const QString& state) {
-  kuVariantStates::add(lightVariants, variant, state);
+  lightVariants.add(variant, state);
 }
 
 kuVariantState* kuVariantSet::findLightVariant(const QString& variant) {
-  return kuVariantStates::find(lightVariants, variant);
+  return lightVariants.find(variant);
 }
 
-void kuVariantSet::removeLightVariant(const QString& variant) {
-  kuVariantStates::remove(lightVariants, variant);
-}
+void kuVariantSet::removeLightVariant(const QString& variant) { lightVariants.remove(variant); }
 
 bool kuVariantSet::containsLightVariant(std::string variant) {
   return findLightVariant(QString::fromStdString(variant)) != nullptr;
 }
 
 void kuVariantSet::addOverlayVariant(const QString& variant, const QString& state) {
-  kuVariantStates::add(overlayVariants, variant, state);
+  overlayVariants.add(variant, state);
 }
 
 kuVariantState* kuVariantSet::findOverlayVariant(const QString& variant) {
-  return kuVariantStates::find(overlayVariants, variant);
+  return overlayVariants.find(variant);
 }
 
-void kuVariantSet::removeOverlayVariant(const QString& variant) {
-  kuVariantStates::remove(overlayVariants, variant);
-}
+void kuVariantSet::removeOverlayVariant(const QString& variant) { overlayVariants.remove(variant); }
 
 bool kuVariantSet::containsOverlayVariant(std::string variant) {
   return findOverlayVariant(QString::fromStdString(variant)) != nullptr;
 }
 
 void kuVariantSet::addTransformVariant(const QString& variant, const QString& state) {
-  kuVariantStates::add(transformVariants, variant, state);
+  transformVariants.add(variant, state);
 }
 
 kuVariantState* kuVariantSet::findTransformVariant(const QString& variant) {
-  return kuVariantStates::find(transformVariants, variant);
+  return transformVariants.find(variant);
 }
 
 void kuVariantSet::removeTransformVariant(const QString& variant) {
-  kuVariantStates::remove(transformVariants, variant);
+  transformVariants.remove(variant);
 }
 
 bool kuVariantSet::containsTransformVariant(const std::string& variant) {

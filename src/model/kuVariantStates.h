@@ -1,36 +1,89 @@
 #pragma once
 
+#include <QHash>
 #include <algorithm>
 #include <list>
 
 #include "model/kuVariantState.h"
 
-/** The shape that a set's lists of states share, whatever the kind. */
-namespace kuVariantStates {
+/** Up to this many entries a walk costs less than an index. */
+constexpr int kuEntriesWithoutIndex = 16;
 
-/** The first entry of that variant, or null. */
-inline kuVariantState* find(std::list<kuVariantState>& states, const QString& variant) {
-  const auto found = std::find_if(states.begin(), states.end(), [&](const kuVariantState& entry) {
-    return entry.getVariant() == variant;
-  });
-  return found == states.end() ? nullptr : &*found;
-}
+/**
+ * A set's states of one kind, in the order in which they came, with an index by variant once they
+ * are many: a capture enters thousands. Of several entries of a name, which only a document brings,
+ * the first one counts.
+ */
+class kuVariantStates {
+ public:
+  using Entries = std::list<kuVariantState>;
 
-/** Gives the entry of that variant another state, or appends one. */
-inline void add(std::list<kuVariantState>& states, const QString& variant, const QString& state) {
-  if (kuVariantState* entry = find(states, variant)) {
-    entry->setState(state);
-  } else {
-    states.emplace_back(variant, state);
+  kuVariantStates() = default;
+  kuVariantStates(const kuVariantStates& other) : _entries(other._entries) {}
+  kuVariantStates& operator=(const kuVariantStates& other) {
+    editable() = other._entries;
+    return *this;
   }
-}
 
-/** Erases the first entry of that variant, if there is one. */
-inline void remove(std::list<kuVariantState>& states, const QString& variant) {
-  const auto found = std::find_if(states.begin(), states.end(), [&](const kuVariantState& entry) {
-    return entry.getVariant() == variant;
-  });
-  if (found != states.end()) states.erase(found);
-}
+  const Entries& entries() const { return _entries; }
+  operator const Entries&() const { return _entries; }
+  bool empty() const { return _entries.empty(); }
+  std::size_t size() const { return _entries.size(); }
+  void clear() { editable().clear(); }
 
-}  // namespace kuVariantStates
+  /** The list for changes of any kind. */
+  Entries& editable() {
+    _index.clear();
+    return _entries;
+  }
+
+  /** The first entry of that variant, or null. */
+  kuVariantState* find(const QString& variant) {
+    const auto found = place(variant);
+    return found == _entries.end() ? nullptr : &*found;
+  }
+
+  /** Gives the entry of that variant another state, or appends one. */
+  void add(const QString& variant, const QString& state) {
+    if (kuVariantState* entry = find(variant)) {
+      entry->setState(state);
+      return;
+    }
+    _entries.emplace_back(variant, state);
+    if (!_index.isEmpty()) _index.insert(variant, std::prev(_entries.end()));
+  }
+
+  /** Erases the first entry of that variant, if there is one. */
+  void remove(const QString& variant) {
+    const auto found = place(variant);
+    if (found == _entries.end()) return;
+    // With a second entry of some name the index is short of one.
+    if (static_cast<std::size_t>(_index.size()) == _entries.size()) {
+      _index.remove(variant);
+      _entries.erase(found);
+    } else {
+      editable().erase(found);
+    }
+  }
+
+ private:
+  Entries::iterator place(const QString& variant) {
+    if (_entries.size() <= kuEntriesWithoutIndex) {
+      return std::find_if(_entries.begin(), _entries.end(), [&](const kuVariantState& entry) {
+        return entry.getVariant() == variant;
+      });
+    }
+    if (_index.isEmpty()) makeIndex();
+    return _index.value(variant, _entries.end());
+  }
+
+  void makeIndex() {
+    for (auto entry = _entries.begin(); entry != _entries.end(); ++entry) {
+      if (!_index.contains(entry->getVariant())) _index.insert(entry->getVariant(), entry);
+    }
+  }
+
+  Entries _entries;
+  /** Empty until it is needed. */
+  QHash<QString, Entries::iterator> _index;
+};

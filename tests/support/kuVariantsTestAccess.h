@@ -26,9 +26,11 @@ struct kuVariantsTestAccess {
   static const auto& capturedGeometryCores() { return kuVariants::_capturedGeometryCores; }
   static int& animationCursor(kuVariantSet& set) { return set.animationCursor; }
   // The lists of a set, into which the public operations enter a name only once.
-  static std::list<kuVariantState>& nodeVariants(kuVariantSet& set) { return set.nodeVariants; }
+  static std::list<kuVariantState>& nodeVariants(kuVariantSet& set) {
+    return set.nodeVariants.editable();
+  }
   static std::list<kuVariantState>& transformVariants(kuVariantSet& set) {
-    return set.transformVariants;
+    return set.transformVariants.editable();
   }
   static std::list<QString>& geometries(kuVariantSet& set) { return set.geometries; }
   static std::list<QString>& viewpoints(kuVariantSet& set) { return set.viewpoints; }
