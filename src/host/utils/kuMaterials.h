@@ -29,12 +29,12 @@ class KUHOST_EXPORT kuMaterials {
   /** Whether the material may be changed: false for a locked and for a null one. */
   static bool isEditable(const osg::MaterialPtr& material);
 
-  /** The field of sub-materials; null for a material that has none. It stands until the next change
-   * of the field. */
+  /** The field of sub-materials; null for a material of a class that has no such field. It stands
+   * until the next change of the field. */
   static const osg::MFMaterialPtr* getSubMaterials(const osg::MaterialPtr& material);
 
   /** Takes a material out of the scene: out of the pool, and from every node and switch that bears
-   * it. */
+   * it, edit brackets included. A switch keeps its choice. Nothing happens for null. */
   static void removeMaterial(const osg::MaterialPtr& material);
 
   /** Appends every node of the scene whose core uses the material, in the order of the scene. */

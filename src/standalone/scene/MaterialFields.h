@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -19,8 +20,12 @@ struct MaterialFields {
   bool locked = false;
   /** The pool that the material is in, or null. */
   kuStandalone::ScenePool* pool = nullptr;
+  /** The material's rank in its pool: it stands behind all materials of a lower one. */
+  std::uint64_t poolRank = 0;
   /** The cores that bear the material. */
   std::vector<NodeCore*> users;
+  /** The switches that have it as a sub-material, each as often as it has it. */
+  std::vector<MultiMaterial*> holders;
   /** The sub-materials and the choice; empty and 0 for a material that is no switch. */
   MFMaterialPtr subMaterials;
   unsigned choice = 0;

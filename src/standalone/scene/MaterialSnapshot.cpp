@@ -5,6 +5,7 @@
 #include "standalone/scene/Cores.h"
 #include "standalone/scene/EditBrackets.h"
 #include "standalone/scene/MaterialFields.h"
+#include "standalone/scene/MaterialUse.h"
 #include "standalone/scene/Materials.h"
 #include "standalone/scene/Scene.h"
 #include "standalone/scene/SceneNode.h"
@@ -71,8 +72,10 @@ void MaterialSnapshot::restore(const State& state) {
   if (fields.subMaterials != state.subMaterials || fields.choice != state.choice) {
     const osg::EditCP edit(state.material, PartsMask);
     EditBrackets::noteChange(*state.material, PartsMask, "MaterialSnapshot");
-    fields.subMaterials = state.subMaterials;
     fields.choice = state.choice;
+    if (const auto multi = osg::MultiMaterialPtr::dcast(state.material)) {
+      assignSubMaterials(*multi, state.subMaterials);
+    }
   }
   if (hasPresets(state.material)) restorePreset(state.material, state.preset);
 }

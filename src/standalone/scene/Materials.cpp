@@ -6,6 +6,7 @@
 #include "host/osg/EditCP.h"
 #include "standalone/scene/EditBrackets.h"
 #include "standalone/scene/MaterialFields.h"
+#include "standalone/scene/MaterialUse.h"
 
 namespace kuStandalone {
 namespace {
@@ -82,8 +83,8 @@ osg::SwitchMaterialPtr createSwitchMaterial(std::string name, osg::MFMaterialPtr
                   : new PlainSwitchMaterial);
   osg::MaterialFields& fields = material->hostFields();
   fields.name = std::move(name);
-  fields.subMaterials = std::move(subMaterials);
   fields.choice = choice;
+  assignSubMaterials(*material, std::move(subMaterials));
   return material;
 }
 
@@ -106,7 +107,7 @@ Material::Material(const FieldContainerType& type)
     : FieldContainer(type), _fields(std::make_unique<MaterialFields>()) {}
 Material::~Material() = default;
 MultiMaterialBase::~MultiMaterialBase() = default;
-MultiMaterial::~MultiMaterial() = default;
+MultiMaterial::~MultiMaterial() { kuStandalone::assignSubMaterials(*this, {}); }
 SwitchMaterialBase::~SwitchMaterialBase() = default;
 SwitchMaterial::~SwitchMaterial() = default;
 UEnvironmentMaterial::~UEnvironmentMaterial() = default;
@@ -122,14 +123,12 @@ void MultiMaterial::addMaterial(const MaterialPtr& material) {
     kuLog::error("Material '%s' cannot be a part of itself", hostFields().name.c_str());
     return;
   }
-  hostFields().subMaterials.push_back(material);
+  kuStandalone::addSubMaterial(*this, material);
 }
 
 void MultiMaterial::subMaterial(const MaterialPtr& material) {
   EditBrackets::noteChange(*this, MaterialsFieldMask, "MultiMaterial::subMaterial");
-  MFMaterialPtr& materials = hostFields().subMaterials;
-  const auto found = std::find(materials.begin(), materials.end(), material);
-  if (found != materials.end()) materials.erase(found);
+  kuStandalone::removeSubMaterial(*this, material);
 }
 
 SwitchMaterialPtr SwitchMaterialBase::create() {

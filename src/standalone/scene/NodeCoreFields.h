@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 #include "host/osg/NodeCore.h"
@@ -14,6 +15,8 @@ namespace osg {
 struct NodeCoreFields {
   /** The nodes that share the core; the first is the original, the others are its clones. */
   std::vector<kuStandalone::SceneNode*> parents;
+  /** The core's place among the users of the material that it bears. */
+  std::size_t placeAmongUsers = 0;
 };
 
 }  // namespace osg

@@ -6,6 +6,18 @@
 #include "standalone/scene/MaterialFields.h"
 
 namespace kuStandalone {
+namespace {
+
+bool ranksBefore(const osg::MaterialPtr& a, const osg::MaterialPtr& b) {
+  return a->hostFields().poolRank < b->hostFields().poolRank;
+}
+
+/** The first place that does not rank before the material: its own if it is in the list. */
+osg::MFMaterialPtr::iterator placeIn(osg::MFMaterialPtr& list, const osg::MaterialPtr& material) {
+  return std::lower_bound(list.begin(), list.end(), material, ranksBefore);
+}
+
+}  // namespace
 
 ScenePool::ScenePool() : osg::MaterialPool(osg::MaterialPool::_type) {}
 
@@ -19,6 +31,7 @@ osg::MaterialPoolPtr ScenePool::create() { return osg::MaterialPoolPtr(new Scene
 void ScenePool::enter(const osg::MaterialPtr& material) {
   if (!material || material->hostFields().pool == this) return;
   material->hostFields().pool = this;
+  material->hostFields().poolRank = ++_lastRank;
   _materials.push_back(material);
   _names[material->hostFields().name].push_back(material);
 }
@@ -27,7 +40,7 @@ void ScenePool::remove(const osg::MaterialPtr& material) {
   if (!material || material->hostFields().pool != this) return;
   const osg::MaterialPtr kept = material;
   unindex(kept);
-  _materials.erase(std::find(_materials.begin(), _materials.end(), kept));
+  _materials.erase(placeIn(_materials, kept));
   kept->hostFields().pool = nullptr;
 }
 
@@ -44,7 +57,7 @@ std::string ScenePool::uniqueName(const std::string& name) {
   return result;
 }
 
-void ScenePool::rename(const osg::MaterialPtr& material, std::string name) {
+void ScenePool::rename(osg::MaterialPtr material, std::string name) {
   unindex(material);
   material->hostFields().name = std::move(name);
   index(material);
@@ -52,19 +65,13 @@ void ScenePool::rename(const osg::MaterialPtr& material, std::string name) {
 
 void ScenePool::index(const osg::MaterialPtr& material) {
   osg::MFMaterialPtr& bucket = _names[material->hostFields().name];
-  bucket.push_back(material);
-  if (bucket.size() == 1) return;
-  // The pool's order: all of that name, as they stand in the pool.
-  const std::string& name = material->hostFields().name;
-  bucket.clear();
-  std::copy_if(_materials.begin(), _materials.end(), std::back_inserter(bucket),
-               [&](const osg::MaterialPtr& other) { return other->hostFields().name == name; });
+  bucket.insert(placeIn(bucket, material), material);
 }
 
 void ScenePool::unindex(const osg::MaterialPtr& material) {
   const auto found = _names.find(material->hostFields().name);
   osg::MFMaterialPtr& bucket = found->second;
-  bucket.erase(std::find(bucket.begin(), bucket.end(), material));
+  bucket.erase(placeIn(bucket, material));
   if (bucket.empty()) _names.erase(found);
 }
 

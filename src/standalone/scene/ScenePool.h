@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/unordered_map.hpp>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -32,7 +33,7 @@ class KUHOST_EXPORT ScenePool final : public osg::MaterialPool {
   std::string uniqueName(const std::string& name);
 
   /** Gives a material of the pool another name. */
-  void rename(const osg::MaterialPtr& material, std::string name);
+  void rename(osg::MaterialPtr material, std::string name);
 
  private:
   ScenePool();
@@ -40,7 +41,9 @@ class KUHOST_EXPORT ScenePool final : public osg::MaterialPool {
   void index(const osg::MaterialPtr& material);
   void unindex(const osg::MaterialPtr& material);
 
+  /** By rank, like the materials of each name. */
   osg::MFMaterialPtr _materials;
+  std::uint64_t _lastRank = 0;
   boost::unordered_map<std::string, osg::MFMaterialPtr, TextHash> _names;
   /** The last number that uniqueName put behind a name. */
   boost::unordered_map<std::string, unsigned> _lastNumbers;

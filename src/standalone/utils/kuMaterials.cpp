@@ -1,5 +1,7 @@
 #include "host/utils/kuMaterials.h"
 
+#include <algorithm>
+
 #include "host/osg/EditCP.h"
 #include "host/osg/Geometry.h"
 #include "host/osg/MaterialGroup.h"
@@ -32,11 +34,26 @@ void takeFromCores(const osg::MaterialPtr& material) {
   }
 }
 
-void takeFromSwitch(const osg::MultiMaterialPtr& from, const osg::MaterialPtr& material) {
-  while (from && from->hasSubMaterial(material, false)) {
-    const osg::EditCP edit(from, osg::MultiMaterial::MaterialsFieldMask);
-    from->subMaterial(material);
+void takeFromSwitches(const osg::MaterialPtr& material) {
+  while (!material->hostFields().holders.empty()) {
+    const osg::MultiMaterialPtr holder(material->hostFields().holders.back());
+    const osg::EditCP edit(holder, osg::MultiMaterial::MaterialsFieldMask);
+    holder->subMaterial(material);
   }
+}
+
+void takeFromFileVariants(const osg::MaterialPtr& material) {
+  for (kuStandalone::FileVariant& variant : Scene::the().fileVariants) {
+    auto& choices = variant.choices;
+    choices.erase(std::remove_if(choices.begin(), choices.end(),
+                                 [&](const auto& choice) { return choice.first == material; }),
+                  choices.end());
+  }
+}
+
+void takeFromPool(const osg::MaterialPtr& material) {
+  const osg::EditCP edit(Scene::the().pool);
+  ScenePool::of(Scene::the().pool).remove(material);
 }
 
 }  // namespace
@@ -80,11 +97,9 @@ void kuMaterials::removeMaterial(const osg::MaterialPtr& material) {
   if (!material) return;
   const osg::MaterialPtr kept = material;
   takeFromCores(kept);
-  const osg::EditCP edit(Scene::the().pool);
-  ScenePool& pool = ScenePool::of(Scene::the().pool);
-  pool.remove(kept);
-  for (const osg::MaterialPtr& other : pool.materials())
-    takeFromSwitch(osg::MultiMaterialPtr::dcast(other), kept);
+  takeFromSwitches(kept);
+  takeFromFileVariants(kept);
+  takeFromPool(kept);
 }
 
 void kuMaterials::getNodesWithMaterial(std::vector<kuNodePtr>& nodes,
