@@ -19,6 +19,13 @@ std::vector<unsigned> placeOf(const SceneNode& node) {
   return place;
 }
 
+std::size_t depthOf(const SceneNode& node) {
+  std::size_t depth = 0;
+  for (const SceneNode* at = node.parent(); at; at = at->parent())
+    ++depth;
+  return depth;
+}
+
 }  // namespace
 
 void sortInSceneOrder(SceneNode** first, SceneNode** last) {
@@ -30,14 +37,71 @@ void sortInSceneOrder(SceneNode** first, SceneNode** last) {
     *first++ = entry.second;
 }
 
-bool standsBefore(const SceneNode& a, const SceneNode& b) { return placeOf(a) < placeOf(b); }
+bool standsBefore(const SceneNode& a, const SceneNode& b) {
+  const SceneNode *left = &a, *right = &b;
+  const std::size_t leftDepth = depthOf(a), rightDepth = depthOf(b);
+  for (std::size_t depth = leftDepth; depth > rightDepth; --depth)
+    left = left->parent();
+  for (std::size_t depth = rightDepth; depth > leftDepth; --depth)
+    right = right->parent();
+  if (left == right) return leftDepth < rightDepth;
+  while (left->parent() != right->parent()) {
+    left = left->parent();
+    right = right->parent();
+  }
+  return left->indexInParent() < right->indexInParent();
+}
+
+NameIndex::Bucket::Bucket(SceneNode& node, std::size_t nameHash) : nodes(1, &node), hash(nameHash) {
+  node.setPlaceInNames(0);
+}
+
+void NameIndex::Bucket::add(SceneNode& node) const {
+  node.setPlaceInNames(static_cast<std::uint32_t>(nodes.size()));
+  nodes.push_back(&node);
+  unordered = true;
+}
+
+/** The node is one of several. */
+void NameIndex::Bucket::remove(SceneNode& node) const {
+  nodes[node.placeInNames()] = nullptr;
+  ++gaps;
+  while (!nodes[first])
+    ++first;
+  if (gaps > count()) close();
+}
+
+/** Lets the others move up into the gaps. */
+void NameIndex::Bucket::close() const {
+  nodes.erase(std::remove(nodes.begin(), nodes.end(), nullptr), nodes.end());
+  gaps = first = 0;
+  notePlaces();
+}
+
+void NameIndex::Bucket::order() const {
+  if (gaps > 0) close();
+  if (!unordered) return;
+  sortInSceneOrder(nodes.data(), nodes.data() + nodes.size());
+  unordered = false;
+  notePlaces();
+}
+
+void NameIndex::Bucket::notePlaces() const {
+  for (std::uint32_t place = 0; place < nodes.size(); ++place)
+    nodes[place]->setPlaceInNames(place);
+}
+
+bool NameIndex::Bucket::holds(const SceneNode& node) const {
+  const std::uint32_t place = node.placeInNames();
+  return place < nodes.size() && nodes[place] == &node;
+}
 
 bool NameIndex::Equal::operator()(const Bucket& a, const Bucket& b) const {
-  return a.hash == b.hash && a.nodes.front()->name() == b.nodes.front()->name();
+  return a.hash == b.hash && a.any().name() == b.any().name();
 }
 
 bool NameIndex::EqualToSought::operator()(const Sought& sought, const Bucket& bucket) const {
-  return sought.hash == bucket.hash && sought.name == bucket.nodes.front()->name();
+  return sought.hash == bucket.hash && sought.name == bucket.any().name();
 }
 
 NameIndex::Buckets::iterator NameIndex::bucketOf(const Sought& sought) {
@@ -49,32 +113,25 @@ void NameIndex::add(SceneNode& node) {
   const auto bucket = bucketOf(sought);
   if (bucket == _buckets.end()) {
     _buckets.emplace(node, sought.hash);
-    return;
+  } else {
+    bucket->add(node);
   }
-  bucket->nodes.push_back(&node);
-  bucket->unordered = true;
 }
 
 void NameIndex::remove(SceneNode& node) {
   const auto bucket = bucketOf({node.name(), TextHash()(node.name())});
-  if (bucket == _buckets.end()) return;
-  Nodes& nodes = bucket->nodes;
-  const auto found = std::find(nodes.begin(), nodes.end(), &node);
-  if (found == nodes.end()) return;
-  if (nodes.size() == 1) {
+  if (bucket == _buckets.end() || !bucket->holds(node)) return;
+  if (bucket->count() == 1) {
     _buckets.erase(bucket);
   } else {
-    nodes.erase(found);
+    bucket->remove(node);
   }
 }
 
 const NameIndex::Nodes* NameIndex::find(std::string_view name) {
   const auto bucket = bucketOf({name, TextHash()(name)});
   if (bucket == _buckets.end()) return nullptr;
-  if (bucket->unordered) {
-    sortInSceneOrder(bucket->nodes.data(), bucket->nodes.data() + bucket->nodes.size());
-    bucket->unordered = false;
-  }
+  bucket->order();
   return &bucket->nodes;
 }
 

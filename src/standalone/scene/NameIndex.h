@@ -2,6 +2,7 @@
 
 #include <boost/container/small_vector.hpp>
 #include <boost/unordered_set.hpp>
+#include <cstdint>
 #include <string_view>
 
 #include "host/kuHostExport.h"
@@ -29,16 +30,28 @@ class KUHOST_EXPORT NameIndex {
   const Nodes* find(std::string_view name);
 
  private:
-  /** The nodes of one name, never empty: it is found by the name that its first node bears. */
+  /** The nodes of one name, never without any: it is found by the name that its first one bears. */
   struct Bucket {
-    Bucket(SceneNode& node, std::size_t nameHash) : nodes(1, &node), hash(nameHash) {}
+    Bucket(SceneNode& node, std::size_t nameHash);
+
+    void add(SceneNode& node) const;
+    void remove(SceneNode& node) const;
+    void close() const;
+    void order() const;
+    void notePlaces() const;
+    bool holds(const SceneNode& node) const;
+    std::size_t count() const { return nodes.size() - gaps; }
+    const SceneNode& any() const { return *nodes[first]; }
 
     // The set of buckets sees only the name, which the rest does not change.
+    /** With null where a node went: it knows its place, and the others keep theirs. */
     mutable Nodes nodes;
-    /** Whether nodes came since the order was last established. */
-    mutable bool unordered = false;
     /** Hash of the name: others of the same slot are told apart without a look at their nodes. */
     std::size_t hash;
+    /** The number of those nulls, and the first place without one. */
+    mutable std::uint32_t gaps = 0, first = 0;
+    /** Whether nodes came since the order was last established. */
+    mutable bool unordered = false;
   };
   /** A name with its hash, as it is looked for. */
   struct Sought {

@@ -77,6 +77,10 @@ class KUHOST_EXPORT SceneNode final : public osg::Node {
   /** Enters the node and all below it in a tree's index, or with null takes them out. */
   void setTree(SceneTree* tree);
 
+  /** The node's place among those of its name; the tree's index alone knows what it means. */
+  std::uint32_t placeInNames() const { return _placeInNames; }
+  void setPlaceInNames(std::uint32_t place) { _placeInNames = place; }
+
  private:
   SceneNode(std::string name, osg::NodeCorePtr core);
   ~SceneNode() override;
@@ -89,6 +93,7 @@ class KUHOST_EXPORT SceneNode final : public osg::Node {
   SceneTree* _tree = nullptr;
   std::uint32_t _id;
   std::uint32_t _indexInParent = 0;
+  std::uint32_t _placeInNames = 0;
   int _source = -1;
   bool _active = true;
   /** Null for the identity, which most nodes have. */

@@ -92,3 +92,22 @@ TEST_F(NameIndexTest, LargeSceneOfUnnamedNodesIsTakenDownAtOnce) {
   EXPECT_TRUE(indexSearch("").empty());
   EXPECT_EQ(SceneNode::of(last).tree(), nullptr);
 }
+
+TEST_F(NameIndexTest, ManyNodesOfOneNameAreRenamedAtOnce) {
+  // One by one out of a single list this would be some ten thousand million moves.
+  constexpr int count = 200000;
+  for (int i = 0; i < count; ++i)
+    SceneNode::of(scene.root()).addChild(SceneNode::create("Box", osg::NullFC));
+  for (int i = 0; i < count; i += 2)
+    SceneNode::of(scene.root()->getChild(unsigned(i))).setName("Box" + std::to_string(i));
+  EXPECT_EQ(indexSearch("Box"), linearSearch("Box"));
+  EXPECT_EQ(indexSearch("Box4"), Nodes{&SceneNode::of(scene.root()->getChild(4))});
+}
+
+TEST_F(NameIndexTest, NodeThatTakesNamesInTurnLeavesNothingBehind) {
+  const auto first = scene.group("A"), moving = scene.group("A"), last = scene.group("A");
+  for (int i = 0; i < 1001; ++i)
+    SceneNode::of(moving).setName(i % 2 ? "A" : "B");
+  EXPECT_EQ(indexSearch("A"), (Nodes{&SceneNode::of(first), &SceneNode::of(last)}));
+  EXPECT_EQ(indexSearch("B"), Nodes{&SceneNode::of(moving)});
+}
