@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "GltfText.h"
+#include "host/utils/kuNodeUtils.h"
 #include "standalone/scene/Cores.h"
 #include "standalone/scene/NodeCoreFields.h"
 
@@ -39,6 +40,25 @@ TEST(Clones, OriginalIsTheFirstParentEvenIfTheCloneComesFirst) {
   ASSERT_EQ(parents.size(), 2u);
   EXPECT_EQ(parents[0], &SceneNode::of(nodeAt(result, {1})));
   EXPECT_EQ(parents[1], &SceneNode::of(nodeAt(result, {0})));
+}
+
+TEST(Clones, FirstInTheSceneIsNoCloneWhicheverIsTheOriginal) {
+  const auto result =
+      loadText(sceneText("0,1", R"({"name":"Clone","extras":{"cloneOf":"A"}},{"name":"A"})"));
+  ASSERT_EQ(result.error, "");
+  EXPECT_FALSE(kuNodeUtils::isClone(nodeAt(result, {0})));
+  EXPECT_TRUE(kuNodeUtils::isClone(nodeAt(result, {1})));
+}
+
+TEST(Clones, LaterNodesOfOneMeshAreClonesOfTheFirst) {
+  const auto result = loadText(
+      sceneText("0,1", R"({"name":"A","mesh":0},{"name":"B","children":[2],"mesh":0},{"name":"C"})",
+                R"(,"meshes":[{"primitives":[{}]}])"));
+  ASSERT_EQ(result.error, "");
+  EXPECT_FALSE(kuNodeUtils::isClone(nodeAt(result, {0})));
+  EXPECT_FALSE(kuNodeUtils::isClone(nodeAt(result, {1})));
+  EXPECT_EQ(nameOf(nodeAt(result, {1, 1})), "B.geometry1");
+  EXPECT_TRUE(kuNodeUtils::isClone(nodeAt(result, {1, 1})));
 }
 
 TEST(Clones, OriginalIsTheFirstOfThatNameThatIsNoCloneItself) {

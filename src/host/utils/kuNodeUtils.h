@@ -26,7 +26,8 @@ class KUHOST_EXPORT kuNodeUtils {
   /** @p name itself if @p used does not hold it, otherwise a name made from it that is free. */
   static std::string getUniqueName(const std::string& name, const std::vector<std::string>& used);
 
-  /** A name parted into what stands before its trailing number, and that number. */
+  /** A name parted into what stands before its trailing number, and that number. "Bolt8_12" is the
+   * twelfth "Bolt8". */
   struct StrippedName {
     /** Whether the name ends in a number; otherwise baseName is the whole name. */
     bool hasNumber = false;
@@ -35,11 +36,13 @@ class KUHOST_EXPORT kuNodeUtils {
   };
   static StrippedName getStrippedName(const std::string& name);
 
-  /** @p count numbers that @p used does not hold, fewer only where there are no more. */
+  /** The @p count smallest numbers from 1 that @p used does not hold; fewer only where there are no
+   * more. */
   static std::set<std::uint64_t> getFreeNumbers(const std::set<std::uint64_t>& used,
                                                 std::size_t count);
 
-  /** The name with the number behind it, as getStrippedName parts it again. */
+  /** The name with the number behind it, such that getStrippedName parts it into just these: after
+   * a digit with a "_" between. */
   static std::string appendNumberToName(const std::string& name, std::uint64_t number);
 
   /** Repairs what holds a node's name, where the host can find it broken. */
@@ -49,7 +52,7 @@ class KUHOST_EXPORT kuNodeUtils {
    * of the sceneplates. */
   static void getSceneNodes(std::vector<kuNodePtr>& nodes, bool sceneplates);
 
-  /** Whether the node shares its core with a node before it, its original. */
+  /** Whether the node shares its core with a node before it in its tree. */
   static bool isClone(const osg::NodePtr& node);
 
   /** Whether the node is a switch that selects environment geometry. */

@@ -9,6 +9,21 @@
 namespace {
 
 constexpr const char* digits = "0123456789";
+constexpr char separator = '_';
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+/** Whether a number behind the text would run into one that it has, or into its separator. */
+bool needsSeparator(const std::string& text) {
+  const std::size_t last = text.find_last_not_of(separator);
+  return last != std::string::npos && isDigit(text[last]);
+}
+
+/** What stands before a number, without the separator that sets the two apart. */
+std::string baseOf(std::string text) {
+  if (needsSeparator(text)) text.pop_back();
+  return text;
+}
 
 }  // namespace
 
@@ -18,10 +33,11 @@ kuNodeUtils::StrippedName kuNodeUtils::getStrippedName(const std::string& name) 
   const std::size_t last = name.find_last_not_of(digits);
   const std::size_t begin = last == std::string::npos ? 0 : last + 1;
   const char* end = name.data() + name.size();
-  const auto read = std::from_chars(name.data() + begin, end, result.number);
+  std::uint64_t number = 0;
+  const auto read = std::from_chars(name.data() + begin, end, number);
   result.hasNumber = read.ec == std::errc() && read.ptr == end;
-  if (!result.hasNumber) result.number = 0;
-  result.baseName = result.hasNumber ? name.substr(0, begin) : name;
+  result.number = result.hasNumber ? number : 0;
+  result.baseName = result.hasNumber ? baseOf(name.substr(0, begin)) : name;
   return result;
 }
 
@@ -41,7 +57,7 @@ std::set<std::uint64_t> kuNodeUtils::getFreeNumbers(const std::set<std::uint64_t
 }
 
 std::string kuNodeUtils::appendNumberToName(const std::string& name, std::uint64_t number) {
-  return name + std::to_string(number);
+  return (needsSeparator(name) ? name + separator : name) + std::to_string(number);
 }
 
 // The name is a member of the node here, and cannot be broken.

@@ -41,13 +41,14 @@ void kuNodeUtils::getSubTreeNodes(const kuNodePtr& node, std::vector<kuNodePtr>&
 
 void kuNodeUtils::getSceneNodes(std::vector<kuNodePtr>& nodes, bool sceneplates) {
   const Scene& scene = Scene::the();
-  appendSubTree(scene.nodes.root, nodes);
+  if (scene.nodes.root) appendSubTree(scene.nodes.root, nodes);
   if (sceneplates && scene.sceneplates.root) appendSubTree(scene.sceneplates.root, nodes);
 }
 
 bool kuNodeUtils::isClone(const osg::NodePtr& node) {
   if (!node || !node->getCore()) return false;
   const SceneNode& own = SceneNode::of(node);
+  if (!own.tree()) return false;
   const std::vector<SceneNode*>& parents = node->getCore()->hostFields().parents;
   return std::any_of(parents.begin(), parents.end(), [&](const SceneNode* other) {
     return other != &own && other->tree() == own.tree() && kuStandalone::standsBefore(*other, own);
