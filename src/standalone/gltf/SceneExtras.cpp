@@ -1,5 +1,6 @@
 #include "standalone/gltf/SceneExtras.h"
 
+#include <limits>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -11,14 +12,25 @@ namespace {
 
 const std::string prefix = "scene.extras.";
 
-/** Index of the first camera of each name. */
-using Cameras = std::unordered_map<std::string, std::size_t>;
+/** Where the cameras stand in the scene. */
+struct Cameras {
+  explicit Cameras(const Scene& scene) {
+    for (std::size_t index = 0; index < scene.cameras.size(); ++index) {
+      byName.emplace(scene.cameras[index].name, index);
+      byNode.emplace(SceneNode::of(scene.cameras[index].node).source(), index);
+    }
+  }
 
-Cameras camerasByName(const Scene& scene) {
-  Cameras cameras;
-  for (std::size_t index = 0; index < scene.cameras.size(); ++index)
-    cameras.emplace(scene.cameras[index].name, index);
-  return cameras;
+  /** The first camera of each name. */
+  std::unordered_map<std::string, std::size_t> byName;
+  /** The camera of each node of the file. */
+  std::unordered_map<std::int64_t, std::size_t> byNode;
+};
+
+template <class Map>
+int placeIn(const Map& cameras, const typename Map::key_type& key) {
+  const auto found = cameras.find(key);
+  return found == cameras.end() ? -1 : int(found->second);
 }
 
 /** The camera's own transform with what the entry says. */
@@ -32,33 +44,49 @@ Transform poseOf(const QJsonObject& json, const Camera& camera, const std::strin
   return pose;
 }
 
+/** The place of a camera that is told by its name or its node; -1 if there is no such one. */
+int cameraOf(const QJsonValue& value, const Cameras& cameras, const std::string& place) {
+  if (!value.isDouble()) return placeIn(cameras.byName, textOf(value, place));
+  constexpr int most = std::numeric_limits<int>::max();
+  return placeIn(cameras.byNode, wholeNumber(value, 0, 0, most, place));
+}
+
+/** What a warning calls a camera that there is not. */
+std::string calledIn(const QJsonValue& value) {
+  return value.isDouble() ? "at node " + std::to_string(value.toInt())
+                          : "'" + value.toString().toStdString() + "'";
+}
+
 /** An entry with a camera's own name moves that camera's viewpoint, which is at the same place. */
 void enterViewpoint(Scene& scene, Viewpoint viewpoint, const Cameras& cameras) {
-  const auto own = cameras.find(viewpoint.name);
-  if (own == cameras.end()) {
-    scene.addViewpoint(std::move(viewpoint));
-    return;
+  std::size_t own = viewpoint.camera;
+  if (scene.cameras[own].name != viewpoint.name) {
+    const int other = placeIn(cameras.byName, viewpoint.name);
+    if (other < 0) {
+      scene.addViewpoint(std::move(viewpoint));
+      return;
+    }
+    own = std::size_t(other);
   }
-  viewpoint.id = scene.viewpoints[own->second].id;
-  scene.viewpoints[own->second] = std::move(viewpoint);
+  viewpoint.id = scene.viewpoints[own].id;
+  scene.viewpoints[own] = std::move(viewpoint);
 }
 
 void readViewpoints(const QJsonArray& list, Scene& scene, GltfWarnings& warnings) {
-  const Cameras cameras = camerasByName(scene);
+  const Cameras cameras(scene);
   int index = 0;
   for (const QJsonValue& value : list) {
     const std::string place = prefix + "viewpoints[" + std::to_string(index++) + "]";
     const QJsonObject json = objectOf(value, place);
-    const std::string name = textOf(json["camera"], place + ".camera");
-    const auto camera = cameras.find(name);
-    if (camera == cameras.end()) {
-      warnings.add(place + ".camera", "there is no camera '" + name + "'");
+    const int camera = cameraOf(json["camera"], cameras, place + ".camera");
+    if (camera < 0) {
+      warnings.add(place + ".camera", "there is no camera " + calledIn(json["camera"]));
       continue;
     }
     Viewpoint viewpoint;
     viewpoint.name = textOf(json["name"], place + ".name");
-    viewpoint.camera = camera->second;
-    viewpoint.pose = poseOf(json, scene.cameras[camera->second], place);
+    viewpoint.camera = std::size_t(camera);
+    viewpoint.pose = poseOf(json, scene.cameras[viewpoint.camera], place);
     viewpoint.named = true;
     enterViewpoint(scene, std::move(viewpoint), cameras);
   }

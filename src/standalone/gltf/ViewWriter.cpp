@@ -79,6 +79,7 @@ void ViewWriter::write() {
 void ViewWriter::writeCamera(const Camera& camera) {
   const int node = _layout.indexOf(camera.node);
   if (node < 0) return;
+  _firstOfName.emplace(camera.name, &camera);
   const int index = indexOf(camera);
   QJsonObject& json = _draft.nodes[std::size_t(node)];
   json["camera"] = index;
@@ -120,7 +121,8 @@ QJsonValue ViewWriter::viewpointOf(const Viewpoint& viewpoint, const QJsonArray&
     if (one.toObject().value("name") == text(viewpoint.name)) entry = one.toObject();
   }
   entry["name"] = text(viewpoint.name);
-  entry["camera"] = text(camera.name);
+  const bool unique = _firstOfName.at(camera.name) == &camera;
+  entry["camera"] = unique ? text(camera.name) : _layout.indexOf(camera.node);
   writePose(entry, viewpoint.pose, SceneNode::of(camera.node).transform());
   return entry;
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <map>
+#include <string>
+
 #include "standalone/gltf/NodeLayout.h"
 
 namespace kuStandalone {
@@ -21,6 +24,8 @@ class ViewWriter {
   const Scene& _scene;
   GltfDraft& _draft;
   const NodeLayout& _layout;
+  /** The camera that a name leads to when the file is read. */
+  std::map<std::string, const Camera*> _firstOfName;
 };
 
 }  // namespace kuStandalone

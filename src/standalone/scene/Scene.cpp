@@ -44,13 +44,18 @@ Viewpoint* Scene::findViewpoint(std::uint32_t id) {
 const Camera* Scene::activeCamera() const {
   const auto active =
       std::find_if(viewpoints.begin(), viewpoints.end(), [&](const Viewpoint& viewpoint) {
-        return viewpoint.name == activeViewpoint && viewpoint.camera < cameras.size();
+        return isActive(viewpoint) && viewpoint.camera < cameras.size();
       });
   const std::size_t index = active == viewpoints.end() ? 0 : active->camera;
   return index < cameras.size() && cameras[index].node ? &cameras[index] : nullptr;
 }
 
+bool Scene::isActive(const Viewpoint& viewpoint) const {
+  return !activeViewpoint.empty() && viewpoint.name == activeViewpoint;
+}
+
 const Camera* Scene::findTrack(std::uint32_t id) const {
+  if (id == 0) return nullptr;
   const auto found = std::find_if(cameras.begin(), cameras.end(),
                                   [&](const Camera& camera) { return camera.track == id; });
   return found == cameras.end() ? nullptr : &*found;

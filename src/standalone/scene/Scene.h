@@ -112,6 +112,8 @@ class KUHOST_EXPORT Scene {
   /** The camera that pictures are taken with: that of the active viewpoint, or the first one where
    * none is active. Null where there is none, or it has lost its node. */
   const Camera* activeCamera() const;
+  /** Whether the viewpoint bears the name of the active one. */
+  bool isActive(const Viewpoint& viewpoint) const;
   /** The camera whose track has that identifier, or null. */
   const Camera* findTrack(std::uint32_t id) const;
   /** Appends a camera and gives its track an identifier. */

@@ -13,9 +13,7 @@ inline const Viewpoint* addressedViewpoint(std::uint32_t id) {
 }
 
 /** The camera of the present scene whose track has that identifier, or null. */
-inline const Camera* addressedTrack(std::uint32_t id) {
-  return id == 0 ? nullptr : Scene::the().findTrack(id);
-}
+inline const Camera* addressedTrack(std::uint32_t id) { return Scene::the().findTrack(id); }
 
 /** The node behind an identifier: for a viewpoint that of its camera. Null if there is none. */
 inline SceneNode* addressedNode(std::uint32_t id) {

@@ -20,6 +20,9 @@ std::string uniqueViewpointName(const Scene& scene, const std::string& name) {
   std::vector<std::string> used;
   for (const Viewpoint& viewpoint : scene.viewpoints)
     used.push_back(viewpoint.name);
+  // In a file a viewpoint of a camera's name would be that camera's own.
+  for (const Camera& camera : scene.cameras)
+    used.push_back(camera.name);
   return kuNodeUtils::getUniqueName(name, used);
 }
 
@@ -34,7 +37,8 @@ kudCameraBaseNode CameraService::getActiveCamera(int) {
   std::uint32_t id = 0;
   for (const Viewpoint& viewpoint : scene.viewpoints) {
     if (viewpoint.camera != index) continue;
-    if (id == 0 || viewpoint.name == scene.activeViewpoint) id = viewpoint.id;
+    if (scene.isActive(viewpoint)) return kudCameraBaseNode(viewpoint.id);
+    if (id == 0) id = viewpoint.id;
   }
   return kudCameraBaseNode(id);
 }
