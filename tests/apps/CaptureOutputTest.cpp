@@ -1,0 +1,153 @@
+#include "CaptureTest.h"
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+namespace {
+
+// What a capture tells.
+
+TEST_F(CaptureTest, TellsWhatTheSetTookInAndWhatTheDocumentLacks) {
+  const CliResult result = capture({"red.gltf", "--set", "Red", "-o", "paints.xml"});
+  EXPECT_EQ(result.code, 0);
+  EXPECT_EQ(result.err, "");
+  EXPECT_EQ(result.out, R"(Captured Red in group New Group 1
+    node        Roof = Closed, Jack = !Disable
+    viewpoint   Red
+    remembers   the materials of 1 node
+    script      activateRenderLayerState("Red")
+
+Lost, as --save-scene does not write the scene
+    viewpoints  Red
+)");
+}
+
+TEST_F(CaptureTest, TellsTheSwitchMaterialTheVariantAndTheStatesInBothSets) {
+  capture({"red.gltf", "--set", "Red", "-o", "paints.xml"});
+  const CliResult result =
+      capture({"blue.gltf", "paints.xml", "--set", "Blue", "-o", "paints.xml"});
+  EXPECT_EQ(result.code, 0);
+  EXPECT_EQ(result.err, "kuvariants: Created new material 'Switch'.\n");
+  EXPECT_EQ(result.out, R"(Captured Blue in group New Group 1
+    node        Roof = Closed, Jack = !Disable
+    material    Switch = Blue
+    viewpoint   Blue
+    remembers   the materials of 1 node
+    script      activateRenderLayerState("Blue")
+  Switch material Switch, new, with a variant
+    materials   Blue, Red
+    nodes       Car/Body
+    sets        Red = Red, Blue = Blue
+
+Made anew when the document is read
+    materials   Switch
+
+Lost, as --save-scene does not write the scene
+    viewpoints  Blue
+)");
+}
+
+TEST_F(CaptureTest, JsonHoldsTheWholeResult) {
+  capture({"red.gltf", "--set", "Red", "-o", "paints.xml"});
+  const CliResult result = capture({"blue.gltf", "paints.xml", "--after", "Red", "--variant",
+                                    "node:Roof=Open", "--set", "Blue", "-o", "out.xml",
+                                    "--no-restore", "--json"});
+  EXPECT_EQ(result.code, 0);
+  EXPECT_EQ(normalised(result.out), normalised(R"json({
+    "captures": [{
+      "set": "Blue", "group": "New Group 1",
+      "after": ["Red"], "afterStates": [["node", "Roof", "Open"]],
+      "states": {"node": [["Roof", "Open"], ["Jack", "!Disable"]],
+        "material": [["Switch", "Blue"]], "transform": [], "light": [], "overlay": []},
+      "viewpoint": "Blue", "materials": 1,
+      "script": ["activateRenderLayerState(\"Blue\")"],
+      "switchMaterials": [{"name": "Switch", "new": true, "newVariant": true,
+        "materials": ["Blue", "Red"], "added": ["Blue", "Red"], "nodes": ["Car/Body"],
+        "states": [["Red", "Red"], ["Blue", "Blue"]]}],
+      "renamed": [], "renderLayers": false
+    }],
+    "documentAlone": {"madeAnew": ["Switch"],
+      "lost": {"materials": [], "viewpoints": ["Blue"], "names": 0, "renderLayers": []}}
+  })json"));
+}
+
+TEST_F(CaptureTest, NothingIsLostWhereTheSceneIsSaved) {
+  const QStringList arguments{"red.gltf", "--set",        "Red",  "-o",
+                              "red.xml",  "--save-scene", "a.glb"};
+  const std::string text = capture(arguments).out;
+  EXPECT_THAT(text, HasSubstr("viewpoint   Red"));
+  EXPECT_THAT(text, Not(HasSubstr("Lost")));
+  EXPECT_THAT(capture(arguments + QStringList{"--json"}).out, HasSubstr("\"documentAlone\": null"));
+  EXPECT_THAT(run({"scene", "a.glb"}).out, HasSubstr("Red"));
+}
+
+TEST_F(CaptureTest, WhatASwitchOfTheSceneFileTookInIsLostWithoutTheScene) {
+  write("paint.gltf", scene(3));
+  write("green.gltf", scene(2));
+  capture({"paint.gltf", "--set", "Any", "-o", "paints.xml"});
+  const CliResult result =
+      capture({"green.gltf", "paints.xml", "--set", "Green", "-o", "paints.xml"});
+  EXPECT_THAT(result.out, HasSubstr("  Switch material Paint, grown\n"
+                                    "    materials   Red, Blue, Green\n"
+                                    "    added       Green\n"
+                                    "    nodes       Car/Body\n"
+                                    "    sets        Green = Green\n"));
+  EXPECT_THAT(result.out, HasSubstr("Lost, as --save-scene does not write the scene\n"
+                                    "    viewpoints  Green\n"
+                                    "    materials   Paint = Green\n"));
+  EXPECT_THAT(result.out, Not(HasSubstr("Made anew")));
+  EXPECT_THAT(read("paints.xml"), HasSubstr("<State name=\"Green\">"));
+}
+
+TEST_F(CaptureTest, ASwitchThatADocumentMadeIsMadeAnewWithAllThatItTookIn) {
+  capturePaints();
+  write("green.gltf", scene(2));
+  const CliResult result =
+      capture({"green.gltf", "paints.xml", "--set", "Green", "-o", "paints.xml"});
+  EXPECT_THAT(result.out, HasSubstr("  Switch material Switch, grown\n"));
+  EXPECT_THAT(result.out, HasSubstr("Made anew when the document is read\n"
+                                    "    materials   Switch\n"));
+  run({"select", "red.gltf", "paints.xml", "Green", "--save-scene", "out.gltf"});
+  EXPECT_EQ(bodyOf("out.gltf"), "Switch = Green");
+}
+
+TEST_F(CaptureTest, EachLineOfTheScriptStandsOnOneOfItsOwnWithItsQuotes) {
+  write("hidden.gltf", scene(0).replace("\"Closed\"}",
+                                        "\"Closed\", \"extras\": {\"materialGroup\": {}}}"));
+  const CliResult result = capture({"hidden.gltf", "--set", "A", "-o", "out.xml"});
+  EXPECT_EQ(result.code, 0) << result.err;
+  EXPECT_THAT(result.out,
+              HasSubstr("    script      setIgnoreMaterialGroup(\"Car/Roof/Closed\",false)\n"
+                        "                activateRenderLayerState(\"A\")\n"));
+}
+
+TEST_F(CaptureTest, RenamedNodesAreTold) {
+  const CliResult result =
+      capture({"twins.gltf", "--set", "A", "-o", "a.xml", "--rename-duplicates", "yes"});
+  EXPECT_EQ(result.code, 0);
+  EXPECT_EQ(result.err, "");
+  EXPECT_THAT(result.out, HasSubstr("  Renamed Car/Roof/Closed -> Closed1\n"));
+  EXPECT_THAT(result.out, HasSubstr("    names       1 new name\n"));
+}
+
+TEST_F(CaptureTest, RenamingWhatSetsNameIsWarnedOf) {
+  capture({"red.gltf", "--set", "Red", "-o", "paints.xml"});
+  const CliResult result = capture({"twins.gltf", "paints.xml", "--set", "A", "-o", "a.xml",
+                                    "--rename-duplicates", "yes"});
+  EXPECT_EQ(result.code, 0);
+  EXPECT_EQ(result.err,
+            "kuvariants: warning: Renaming might break existing variant sets!\n");
+}
+
+TEST_F(CaptureTest, AMaterialThatTheSceneLacksIsWarnedOf) {
+  capture({"red.gltf", "--set", "Red", "-o", "paints.xml"});
+  write("blue.gltf", scene(1).replace("{\"name\": \"Red\"}", "{\"name\": \"Scarlet\"}"));
+  const CliResult result =
+      capture({"blue.gltf", "paints.xml", "--set", "Blue", "-o", "paints.xml"});
+  EXPECT_EQ(result.code, 0);
+  EXPECT_EQ(result.err,
+            "kuvariants: warning: the set \"Red\" remembers the material \"Red\" for 1 node, and "
+            "the scene has none of that name: no switch material was made there\n");
+}
+
+}  // namespace
