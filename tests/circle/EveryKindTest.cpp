@@ -65,6 +65,16 @@ TEST_F(EveryKind, FlagsOfNodesComeBack) {
   expectToComeBack({"A", "B"});
 }
 
+TEST_F(EveryKind, AnInactiveNodeWithAnActiveNamesakeComesBack) {
+  scene.geometry("Wheel", {}, scene.group("Left"));
+  const osg::NodePtr right = scene.geometry("Wheel", {}, scene.group("Right \xC3\xB6"));
+  begin();
+  EXPECT_THAT(capture("A"), IsEmpty());
+  setActive(right, false);
+  EXPECT_THAT(capture("B"), IsEmpty());
+  expectToComeBack({"A", "B"});
+}
+
 TEST_F(EveryKind, MaterialsOfNodesComeBack) {
   for (const char* name : {"Red", "Blue", "Green"})
     scene.material(name);
