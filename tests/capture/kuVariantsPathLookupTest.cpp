@@ -64,6 +64,15 @@ INSTANTIATE_TEST_SUITE_P(Path, PathLookupRowTest, ValuesIn(paths),
 
 }  // namespace
 
+TEST_F(kuVariantsPathLookupTest, IndexGoesByTheHashOfThePathWithItsBytesAsSignedOnes) {
+  scene.geometry("Roof");
+  scene.geometry("T\xC3\xBCr", red, scene.group("K\xC3\xB6rper"));
+  kuVariantsTestAccess::rebuildNodePathIndex();
+  EXPECT_THAT(kuVariantsTestAccess::indexedNodes(0xde5c89c3), ElementsAre("Roof"));
+  EXPECT_THAT(kuVariantsTestAccess::indexedNodes(0x1a15c788), ElementsAre("K\xC3\xB6rper"));
+  EXPECT_THAT(kuVariantsTestAccess::indexedNodes(0xd1ef9b16), ElementsAre("T\xC3\xBCr"));
+}
+
 // The two names have one hash.
 
 TEST_F(kuVariantsPathLookupTest, NodesOfOneHashAreToldApartByTheirPaths) {

@@ -251,6 +251,18 @@ TEST_F(kuVariantsSharedSwitchTest, SharingCountsForLaterSetsAlsoWhereNothingWasS
   EXPECT_THAT(switches(), ElementsAre("Paint: *Red Blue", "Twin: *Red Blue White"));
 }
 
+TEST_F(kuVariantsSharedSwitchTest, SharingCountsForTheSwitchOfALaterSetThatIsNotShared) {
+  bear(roof, scene.switchMaterial("Twin", {red, blue}, 0));
+  bear(hood, green);
+  scene.switchMaterial("Gloss", {red, green}, 0);
+  setWith("A", {{"Roof", "Paint"}, {"Hood", "Paint"}});
+  setWith("B", {{"Roof", "Gloss"}}).addMaterialVariant("Gloss", "Green");
+  compare(setWith("C", {}));
+  EXPECT_THAT(sets(), ElementsAre("A: Hood=Paint Roof=Paint",
+                                  "B: Roof=Switch | Gloss=Green Switch=Green", "C: | Switch=Twin"));
+  EXPECT_EQ(textOf(findSwitch("Switch")), "Switch: Red Green *Twin");
+}
+
 TEST_F(kuVariantsSharedSwitchTest, SharedSwitchOfALaterSetIsNoLongerSearched) {
   setWith("A", {{"Roof", "White"}});
   setWith("B", {{"Roof", "Paint"}, {"Hood", "Paint"}}).addMaterialVariant("Paint", "Red");

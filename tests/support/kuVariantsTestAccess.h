@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <cstdint>
 #include <list>
 #include <map>
 #include <set>
@@ -9,6 +10,7 @@
 
 #include "capture/kuVariantCaptureChecker.h"
 #include "document/kuVariantReader.h"
+#include "host/utils/kuNodeUtils.h"
 #include "manager/kuVariants.h"
 #include "model/kuVariantSet.h"
 #include "scene/kuAnalyzerVariant.h"
@@ -92,6 +94,15 @@ struct kuVariantsTestAccess {
     kuVariants::Switches createdSwitches;
     kuVariants::Materials handledMaterials;
   };
+  /** The names of the nodes that the index has under a hash. */
+  static std::vector<std::string> indexedNodes(std::uint32_t hash) {
+    std::vector<std::string> names;
+    const auto found = kuVariants::_nodePathIndex.find(hash);
+    if (found == kuVariants::_nodePathIndex.end()) return names;
+    for (const kuNodePtr& node : found->second)
+      names.emplace_back(kuNodeUtils::getName(node));
+    return names;
+  }
   static void rebuildNodePathIndex() { kuVariants::rebuildNodePathIndex(); }
   static void handleMaterialSnapshots(kuVariantSet* set, const kuNodePtr& node, const QString& path,
                                       const osg::MaterialPtr& material, CaptureContainers& met,
