@@ -126,9 +126,10 @@ TEST_P(CheckerGeneratedTest, NumbersOfOneBaseAreGivenInTheOrderOfTheWalk) {
   for (std::size_t index = 0; index < nodes.size(); ++index) {
     if (kuNodeUtils::getName(nodes[index]) == before[index]) continue;
     const std::string base = kuNodeUtils::getStrippedName(before[index]).baseName;
-    const std::uint64_t number = std::stoull(kuNodeUtils::getName(nodes[index]) + base.size());
-    EXPECT_GT(number, last[base]);
-    last[base] = number;
+    const auto after = kuNodeUtils::getStrippedName(kuNodeUtils::getName(nodes[index]));
+    EXPECT_EQ(after.baseName, base);
+    EXPECT_GT(after.number, last[base]);
+    last[base] = after.number;
   }
 }
 
