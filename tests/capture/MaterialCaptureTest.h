@@ -94,6 +94,7 @@ class MaterialCaptureTest : public VariantsTest {
   }
 
   static std::string textOf(const osg::SwitchMaterialPtr& material) {
+    if (!material) return "no switch";
     std::string text = std::string(kuMaterials::getName(material)) + ':';
     for (std::size_t index = 0; index < material->getMaterials().size(); ++index) {
       text += index == material->getChoice() ? " *" : " ";
