@@ -46,34 +46,33 @@ TEST_F(CaptureTest, AVariantThatTheFirstCaptureMadeServesTheNext) {
 }
 
 TEST_F(CaptureTest, SetsAreSelectedBeforeTheSingleVariants) {
-  const CliResult result = capture({"car.gltf", "car.xml", "--variant", "node:Roof=!Next",
-                                    "--after", "Summer", "Winter", "--set", "Both", "-o", "out.xml",
-                                    "--json"});
+  const CliResult result =
+      capture({"car.gltf", "car.xml", "--variant", "node:Roof=!Next", "--after", "Summer", "Winter",
+               "--set", "Both", "-o", "out.xml", "--json"});
   EXPECT_EQ(result.code, 0) << result.err;
   EXPECT_EQ(roofs(result), (Lines{"Both: Open"}));
   EXPECT_THAT(result.out, HasSubstr("\"after\": [\"Summer\", \"Winter\"]"));
 }
 
 TEST_F(CaptureTest, ASetOfTheSameCallMayBeSelected) {
-  const CliResult result = capture({"red.gltf", "--set", "Down", "--variant", "node:Roof=Open",
-                                    "--set", "Up", "--after", "Down", "--set", "Again", "-o",
-                                    "out.xml", "--json"});
+  const CliResult result =
+      capture({"red.gltf", "--set", "Down", "--variant", "node:Roof=Open", "--set", "Up", "--after",
+               "Down", "--set", "Again", "-o", "out.xml", "--json"});
   EXPECT_EQ(roofs(result), (Lines{"Down: Closed", "Up: Open", "Again: Closed"})) << result.err;
 }
 
 TEST_F(CaptureTest, SelectionsBehindTheOnlySetBelongToIt) {
-  const CliResult result = capture(
-      {"car.gltf", "car.xml", "--set", "Up", "--variant", "node:Roof=Open", "-o", "out.xml",
-       "--json"});
+  const CliResult result = capture({"car.gltf", "car.xml", "--set", "Up", "--variant",
+                                    "node:Roof=Open", "-o", "out.xml", "--json"});
   EXPECT_EQ(roofs(result), (Lines{"Up: Open"})) << result.err;
 }
 
 TEST_F(CaptureTest, AfterSelectsWithoutTheViewpointWhereThatIsAsked) {
   const auto viewpointAfter = [&](const QStringList& more) {
-    const CliResult captured = capture(QStringList{"car.gltf", "car.xml", "--after", "Summer",
-                                                   "--set", "A", "-o", "a.xml", "--save-scene",
-                                                   "a.gltf"} +
-                                       more);
+    const CliResult captured =
+        capture(QStringList{"car.gltf", "car.xml", "--after", "Summer", "--set", "A", "-o", "a.xml",
+                            "--save-scene", "a.gltf"} +
+                more);
     EXPECT_EQ(captured.code, 0) << captured.err;
     const CliResult selected =
         run({"select", "a.gltf", "a.xml", "--variant", "node:Roof=Open", "--json"});
@@ -97,8 +96,7 @@ TEST_F(CaptureTest, OneGroupIsForAllSetsAndSeveralAreForOneEach) {
 TEST_F(CaptureTest, ANameInUseGetsANumberAndThatIsTold) {
   capture({"red.gltf", "--set", "Red", "-o", "paints.xml"});
   const CliResult result = capture({"red.gltf", "paints.xml", "--set", "Red", "-o", "out.xml"});
-  EXPECT_THAT(result.out,
-              StartsWith("Captured Red1 in group New Group 1, since Red is in use\n"));
+  EXPECT_THAT(result.out, StartsWith("Captured Red1 in group New Group 1, since Red is in use\n"));
 }
 
 TEST_F(CaptureTest, OddNamesAreCapturedAndFoundAgain) {
@@ -165,10 +163,9 @@ TEST_F(CaptureTest, AnUnknownNameWritesNothingAlsoBehindACaptureThatWasDone) {
   };
   const QStringList before = files();
   for (const auto& rule : rules) {
-    const CliResult result = capture(QStringList{"car.gltf", "car.xml", "--set", "First"} +
-                                     rule.selection +
-                                     QStringList{"--set", "Second", "-o", "out.xml",
-                                                 "--save-scene", "out.glb", "--trace", "t"});
+    const CliResult result = capture(
+        QStringList{"car.gltf", "car.xml", "--set", "First"} + rule.selection +
+        QStringList{"--set", "Second", "-o", "out.xml", "--save-scene", "out.glb", "--trace", "t"});
     EXPECT_EQ(result.code, 4) << rule.line;
     EXPECT_THAT(result.err, HasSubstr(rule.line));
     EXPECT_EQ(result.out, "");
@@ -195,13 +192,11 @@ TEST_F(CaptureTest, WithoutATerminalARenamingIsRefusedAndTheWayOutIsTold) {
   const QByteArray former = "as it was";
   for (const char* file : {"out.xml", "out.glb", "trace"})
     write(file, former);
-  for (const QStringList& answer :
-       {QStringList{}, QStringList{"--rename-duplicates", "ask"},
-        QStringList{"--rename-duplicates", "no"}}) {
-    const CliResult result =
-        capture(QStringList{"twins.gltf", "--set", "A", "-o", "out.xml", "--save-scene", "out.glb",
-                            "--trace", "trace"} +
-                answer);
+  for (const QStringList& answer : {QStringList{}, QStringList{"--rename-duplicates", "ask"},
+                                    QStringList{"--rename-duplicates", "no"}}) {
+    const CliResult result = capture(QStringList{"twins.gltf", "--set", "A", "-o", "out.xml",
+                                                 "--save-scene", "out.glb", "--trace", "trace"} +
+                                     answer);
     EXPECT_EQ(result.code, 1);
     EXPECT_EQ(result.out, "");
     EXPECT_EQ(result.err,

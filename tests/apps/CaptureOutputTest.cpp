@@ -49,9 +49,9 @@ Lost, as --save-scene does not write the scene
 
 TEST_F(CaptureTest, JsonHoldsTheWholeResult) {
   capture({"red.gltf", "--set", "Red", "-o", "paints.xml"});
-  const CliResult result = capture({"blue.gltf", "paints.xml", "--after", "Red", "--variant",
-                                    "node:Roof=Open", "--set", "Blue", "-o", "out.xml",
-                                    "--no-restore", "--json"});
+  const CliResult result =
+      capture({"blue.gltf", "paints.xml", "--after", "Red", "--variant", "node:Roof=Open", "--set",
+               "Blue", "-o", "out.xml", "--no-restore", "--json"});
   EXPECT_EQ(result.code, 0);
   EXPECT_EQ(normalised(result.out), normalised(R"json({
     "captures": [{
@@ -72,8 +72,7 @@ TEST_F(CaptureTest, JsonHoldsTheWholeResult) {
 }
 
 TEST_F(CaptureTest, NothingIsLostWhereTheSceneIsSaved) {
-  const QStringList arguments{"red.gltf", "--set",        "Red",  "-o",
-                              "red.xml",  "--save-scene", "a.glb"};
+  const QStringList arguments{"red.gltf", "--set", "Red", "-o", "red.xml", "--save-scene", "a.glb"};
   const std::string text = capture(arguments).out;
   EXPECT_THAT(text, HasSubstr("viewpoint   Red"));
   EXPECT_THAT(text, Not(HasSubstr("Lost")));
@@ -112,8 +111,8 @@ TEST_F(CaptureTest, ASwitchThatADocumentMadeIsMadeAnewWithAllThatItTookIn) {
 }
 
 TEST_F(CaptureTest, EachLineOfTheScriptStandsOnOneOfItsOwnWithItsQuotes) {
-  write("hidden.gltf", scene(0).replace("\"Closed\"}",
-                                        "\"Closed\", \"extras\": {\"materialGroup\": {}}}"));
+  write("hidden.gltf",
+        scene(0).replace("\"Closed\"}", "\"Closed\", \"extras\": {\"materialGroup\": {}}}"));
   const CliResult result = capture({"hidden.gltf", "--set", "A", "-o", "out.xml"});
   EXPECT_EQ(result.code, 0) << result.err;
   EXPECT_THAT(result.out,
@@ -132,11 +131,10 @@ TEST_F(CaptureTest, RenamedNodesAreTold) {
 
 TEST_F(CaptureTest, RenamingWhatSetsNameIsWarnedOf) {
   capture({"red.gltf", "--set", "Red", "-o", "paints.xml"});
-  const CliResult result = capture({"twins.gltf", "paints.xml", "--set", "A", "-o", "a.xml",
-                                    "--rename-duplicates", "yes"});
+  const CliResult result = capture(
+      {"twins.gltf", "paints.xml", "--set", "A", "-o", "a.xml", "--rename-duplicates", "yes"});
   EXPECT_EQ(result.code, 0);
-  EXPECT_EQ(result.err,
-            "kuvariants: warning: Renaming might break existing variant sets!\n");
+  EXPECT_EQ(result.err, "kuvariants: warning: Renaming might break existing variant sets!\n");
 }
 
 TEST_F(CaptureTest, AMaterialThatTheSceneLacksIsWarnedOf) {

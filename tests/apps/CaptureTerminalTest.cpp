@@ -16,9 +16,9 @@ Rename? [y/N] )";
 class CaptureTerminalTest : public CaptureTest {
  protected:
   TerminalResult captureTwins(const std::string& typed, const QStringList& more = {}) {
-    return runOnTerminal(
-        folder.path(), QStringList{"capture", "twins.gltf", "--set", "A", "-o", "a.xml"} + more,
-        typed);
+    return runOnTerminal(folder.path(),
+                         QStringList{"capture", "twins.gltf", "--set", "A", "-o", "a.xml"} + more,
+                         typed);
   }
 };
 
@@ -59,9 +59,8 @@ TEST_F(CaptureTerminalTest, AnInterruptedQuestionWritesNothing) {
 
 TEST_F(CaptureTerminalTest, TheWarningOfTheDialogueIsPartOfTheQuestion) {
   capture({"red.gltf", "--set", "Red", "-o", "red.xml"});
-  const TerminalResult result =
-      runOnTerminal(folder.path(),
-                    {"capture", "twins.gltf", "red.xml", "--set", "A", "-o", "a.xml"}, "n\n");
+  const TerminalResult result = runOnTerminal(
+      folder.path(), {"capture", "twins.gltf", "red.xml", "--set", "A", "-o", "a.xml"}, "n\n");
   EXPECT_THAT(result.screen, HasSubstr("will be changed.\n \n"
                                        "Warning: Renaming might break existing variant sets!\n\n"
                                        "Rename? [y/N] n\n"));
@@ -77,8 +76,8 @@ TEST_F(CaptureTerminalTest, AnAnswerOnTheCommandLineIsNotAskedFor) {
 }
 
 TEST_F(CaptureTerminalTest, TheProgressDialogueIsALineThatGoesAgain) {
-  const TerminalResult result = runOnTerminal(
-      folder.path(), {"capture", "red.gltf", "--set", "Red", "-o", "red.xml"}, "");
+  const TerminalResult result =
+      runOnTerminal(folder.path(), {"capture", "red.gltf", "--set", "Red", "-o", "red.xml"}, "");
   EXPECT_EQ(result.code, 0);
   EXPECT_THAT(result.screen, StartsWith("\rCapturing Variant Set ...\x1b[K\r\x1b[K"));
   EXPECT_THAT(result.screen, HasSubstr("Captured Red in group New Group 1\n"));

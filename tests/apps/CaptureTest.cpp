@@ -53,8 +53,7 @@ QByteArray CaptureTest::scene(int material) { return QString(sceneText).arg(mate
 void CaptureTest::capturePaints() {
   const CliResult red = capture({"red.gltf", "--set", "Red", "-o", "paints.xml"});
   ASSERT_EQ(red.code, 0) << red.err;
-  const CliResult blue =
-      capture({"blue.gltf", "paints.xml", "--set", "Blue", "-o", "paints.xml"});
+  const CliResult blue = capture({"blue.gltf", "paints.xml", "--set", "Blue", "-o", "paints.xml"});
   ASSERT_EQ(blue.code, 0) << blue.err;
 }
 

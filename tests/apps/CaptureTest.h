@@ -13,7 +13,9 @@ class CaptureTest : public CliTest {
   /** A scene whose body bears the material of that index: Red, Blue, Green, Paint (a switch). */
   static QByteArray scene(int material);
 
-  CliResult capture(const QStringList& arguments) { return run(QStringList{"capture"} + arguments); }
+  CliResult capture(const QStringList& arguments) {
+    return run(QStringList{"capture"} + arguments);
+  }
   /** Writes "paints.xml", with the sets Red and Blue, each captured from the scene of its name. */
   void capturePaints();
   /** The material of the body in a scene file, and the switch's choice where it is a switch. */

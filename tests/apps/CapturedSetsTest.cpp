@@ -16,9 +16,8 @@ class CapturedSetsTest : public CaptureTest {
   /** The body of a scene after a selection. */
   std::string bodyAfter(const QString& sceneFile, const QStringList& arguments,
                         const QString& document = "paints.xml") {
-    const CliResult result = run(
-        QStringList{"select", sceneFile, document} + arguments +
-        QStringList{"--save-scene", "out.gltf"});
+    const CliResult result = run(QStringList{"select", sceneFile, document} + arguments +
+                                 QStringList{"--save-scene", "out.gltf"});
     EXPECT_EQ(result.code, 0) << result.err;
     err = result.err;
     return bodyOf("out.gltf");
@@ -80,8 +79,8 @@ TEST_F(CapturedSetsTest, ASetNamedTempKeepsMaterialsFromTheirNodesAndThatIsTold)
 
 TEST_F(CapturedSetsTest, ASetNamedTempIsNotToldOfWhereNothingIsToBePutBack) {
   writeDocumentWithTemp();
-  for (const QStringList& arguments :
-       {QStringList{"Temp"}, QStringList{"Blue", "--no-restore"}, QStringList{"Blue", "--default"}}) {
+  for (const QStringList& arguments : {QStringList{"Temp"}, QStringList{"Blue", "--no-restore"},
+                                       QStringList{"Blue", "--default"}}) {
     bodyAfter("red.gltf", arguments, "temp.xml");
     EXPECT_EQ(err, "");
   }

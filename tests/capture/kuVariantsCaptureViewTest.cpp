@@ -1,7 +1,6 @@
 #include "SceneCaptureTest.h"
-#include "host/services/kuKernelServiceFactory.h"
 #include "standalone/scene/SceneNode.h"
-#include "standalone/services/CameraService.h"
+#include "support/CamerasInBetween.h"
 
 using namespace kuStandalone;
 using ::testing::ElementsAre;
@@ -11,46 +10,28 @@ using ::testing::IsEmpty;
 
 namespace {
 
-/** The host's camera service, with a record of what was asked; stands in its place as long as it
- * lives. */
-class WatchedCameras final : public kuCameraService {
+/** Keeps what was asked, and can answer that there are no tracks. */
+class WatchedCameras final : public CamerasInBetween {
  public:
-  WatchedCameras() : _cameras(*kuKernelServiceFactory::the().getService<kuCameraService>()) {
-    kuKernelServiceFactory::the().registerService<kuCameraService>(this);
-  }
-  ~WatchedCameras() override {
-    kuKernelServiceFactory::the().registerService<kuCameraService>(&_cameras);
-  }
-  WatchedCameras(const WatchedCameras&) = delete;
-  WatchedCameras& operator=(const WatchedCameras&) = delete;
-
   kudCameraBaseNode getActiveCamera(int index) override {
     asked.push_back("getActiveCamera " + std::to_string(index));
-    return _cameras.getActiveCamera(index);
+    return own.getActiveCamera(index);
   }
-  kudCameraBaseNode findCamera(const QString& name) override { return _cameras.findCamera(name); }
   kudCameraBaseNode createViewpoint(const QString& name, const kudCameraTrackNode& track) override {
     asked.push_back("createViewpoint " + name.toStdString());
-    return _cameras.createViewpoint(name, track);
-  }
-  void refreshCamera(unsigned id, bool flag) override { _cameras.refreshCamera(id, flag); }
-  void activateCamera(unsigned id, bool a, bool b, bool c) override {
-    _cameras.activateCamera(id, a, b, c);
+    return own.createViewpoint(name, track);
   }
   kudCameraTrackNode findSetNamedViewpointTrack(const kudCameraBaseNode& camera) override {
     asked.push_back("findSetNamedViewpointTrack " + camera.getName().toStdString());
-    return hasTracks ? _cameras.findSetNamedViewpointTrack(camera) : kudCameraTrackNode();
+    return hasTracks ? own.findSetNamedViewpointTrack(camera) : kudCameraTrackNode();
   }
   kudCameraTrackNode findViewSuffixedViewpointTrack(const kudCameraBaseNode& camera) override {
     asked.push_back("findViewSuffixedViewpointTrack " + camera.getName().toStdString());
-    return hasTracks ? _cameras.findViewSuffixedViewpointTrack(camera) : kudCameraTrackNode();
+    return hasTracks ? own.findViewSuffixedViewpointTrack(camera) : kudCameraTrackNode();
   }
 
   std::vector<std::string> asked;
   bool hasTracks = true;
-
- private:
-  kuCameraService& _cameras;
 };
 
 class KuVariantsCaptureViewTest : public SceneCaptureTest {

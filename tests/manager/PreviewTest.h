@@ -5,11 +5,10 @@
 #include <vector>
 
 #include "host/rendering/kuRaytracingUtilsBase.h"
-#include "host/services/kuCameraService.h"
-#include "host/services/kuKernelServiceFactory.h"
 #include "manager/kuVariants.h"
 #include "model/kuVariantSet.h"
 #include "standalone/kernel/HostState.h"
+#include "support/CamerasInBetween.h"
 #include "support/PictureScene.h"
 #include "support/VariantsTest.h"
 
@@ -45,13 +44,8 @@ class RecordedSettings final : public kuRaytracingUtilsBase {
 };
 
 /** A camera service in the place of the host's; it tells what it is asked. */
-class RecordedCameras final : public kuCameraService {
+class RecordedCameras final : public CamerasInBetween {
  public:
-  RecordedCameras() { kuKernelServiceFactory::the().registerService<kuCameraService>(this); }
-  ~RecordedCameras() override {
-    kuKernelServiceFactory::the().registerService<kuCameraService>(_former);
-  }
-
   kudCameraBaseNode findCamera(const QString& name) override {
     calls.push_back("find '" + name.toStdString() + "'");
     return kudCameraBaseNode(answer);
@@ -63,9 +57,6 @@ class RecordedCameras final : public kuCameraService {
 
   unsigned answer = 17;
   std::vector<std::string> calls;
-
- private:
-  kuCameraService* _former = kuKernelServiceFactory::the().getService<kuCameraService>();
 };
 
 /** Fixture of the tests of previews: a set, and a scene whose pictures take no time. */

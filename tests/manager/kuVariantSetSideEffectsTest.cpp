@@ -1,11 +1,11 @@
 #include <memory>
 
 #include "SelectionScene.h"
-#include "host/services/kuCameraService.h"
 #include "host/services/kuKernelServiceFactory.h"
 #include "standalone/kernel/MessageWatch.h"
 #include "standalone/scene/Scene.h"
 #include "standalone/script/ClippingSettings.h"
+#include "support/CamerasInBetween.h"
 #include "support/kuVariantsTestAccess.h"
 
 // What a selection does beside its states: cameras and animations.
@@ -18,32 +18,21 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-/** Passes everything on to the host's own service and keeps the calls. */
-class RecordingCameras : public kuCameraService {
+/** Keeps the calls. */
+class RecordingCameras final : public CamerasInBetween {
  public:
-  RecordingCameras() : _own(factory().getService<kuCameraService>()) {
-    factory().registerService<kuCameraService>(this);
-  }
-  ~RecordingCameras() override { factory().registerService<kuCameraService>(_own); }
-
   kudCameraBaseNode findCamera(const QString& name) override {
     calls.push_back("find " + name.toStdString());
-    return _own->findCamera(name);
+    return own.findCamera(name);
   }
-  void refreshCamera(unsigned id, bool flag) override { _own->refreshCamera(id, flag); }
   void activateCamera(unsigned id, bool a, bool b, bool c) override {
     const Viewpoint* viewpoint = Scene::the().findViewpoint(id);
     calls.push_back((viewpoint ? viewpoint->name : "nothing") + (a ? " true" : " false") +
                     (b ? " true" : " false") + (c ? " true" : " false"));
-    _own->activateCamera(id, a, b, c);
+    own.activateCamera(id, a, b, c);
   }
 
   Lines calls;
-
- private:
-  static kuKernelServiceFactory& factory() { return kuKernelServiceFactory::the(); }
-
-  kuCameraService* _own;
 };
 
 /** The host has no camera service while this lives. */
