@@ -2,8 +2,7 @@
 
 #include <boost/python.hpp>
 
-#include "host/script/kuPythonRegister.h"
-#include "host/script/kuScript.h"
+#include "script/kuScriptModule.h"
 #include "script/kuVariantSetPtr.h"
 
 namespace bp = boost::python;
@@ -182,12 +181,7 @@ void defineModule() {
 }
 
 void onPythonStart(kuPythonRegisterFactory::Level level) {
-  if (level == kuPythonRegisterFactory::BeforeStart) {
-    PyImport_AppendInittab("kuVariantSetPtr", PyInit_kuVariantSetPtr);
-  } else if (level == kuPythonRegisterFactory::AfterStart) {
-    kuScript::run("import kuVariantSetPtr");
-    kuScript::run("from kuVariantSetPtr import *");
-  }
+  kuScriptModule::bring(level, "kuVariantSetPtr", PyInit_kuVariantSetPtr);
 }
 
 const kuPythonRegister registration(onPythonStart);
@@ -195,14 +189,6 @@ const kuPythonRegister registration(onPythonStart);
 }  // namespace
 
 PyObject* PyInit_kuVariantSetPtr() {
-  static PyModuleDef definition = {PyModuleDef_HEAD_INIT,
-                                   "kuVariantSetPtr",
-                                   nullptr,
-                                   -1,
-                                   nullptr,
-                                   nullptr,
-                                   nullptr,
-                                   nullptr,
-                                   nullptr};
+  static PyModuleDef definition = kuScriptModule::definition("kuVariantSetPtr");
   return bp::detail::init_module(definition, defineModule);
 }

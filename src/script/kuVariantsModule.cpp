@@ -2,9 +2,8 @@
 
 #include <boost/python.hpp>
 
-#include "host/script/kuPythonRegister.h"
-#include "host/script/kuScript.h"
 #include "manager/kuVariants.h"
+#include "script/kuScriptModule.h"
 
 namespace bp = boost::python;
 
@@ -37,12 +36,7 @@ void defineModule() {
 }
 
 void onPythonStart(kuPythonRegisterFactory::Level level) {
-  if (level == kuPythonRegisterFactory::BeforeStart) {
-    PyImport_AppendInittab("kuVariants", PyInit_kuVariants);
-  } else if (level == kuPythonRegisterFactory::AfterStart) {
-    kuScript::run("import kuVariants");
-    kuScript::run("from kuVariants import *");
-  }
+  kuScriptModule::bring(level, "kuVariants", PyInit_kuVariants);
 }
 
 const kuPythonRegister registration(onPythonStart);
@@ -50,14 +44,6 @@ const kuPythonRegister registration(onPythonStart);
 }  // namespace
 
 PyObject* PyInit_kuVariants() {
-  static PyModuleDef definition = {PyModuleDef_HEAD_INIT,
-                                   "kuVariants",
-                                   nullptr,
-                                   -1,
-                                   nullptr,
-                                   nullptr,
-                                   nullptr,
-                                   nullptr,
-                                   nullptr};
+  static PyModuleDef definition = kuScriptModule::definition("kuVariants");
   return bp::detail::init_module(definition, defineModule);
 }
