@@ -1,8 +1,7 @@
 """Prints the ratios of a run of the benchmarks.
 
-Usage: table.py SELECTION.json READING.json WRITING.json UPKEEP.json PICTURES.json, all written
-with
---benchmark_format=json.
+Usage: table.py SELECTION.json READING.json WRITING.json UPKEEP.json PICTURES.json CAPTURE.json,
+all written with --benchmark_format=json.
 """
 
 import json
@@ -85,9 +84,28 @@ def print_pictures(runs):
           f"{second:.0f} after a change, ratio {second / first:.2f}")
 
 
+def print_capture(runs):
+    figures = {run["name"]: run for run in runs}
+    sizes = sorted(int(name.split("/")[1]) for name in figures if name.startswith("bare/"))
+    print("\nCapturing a scene of N nodes, beside a bare walk, nanoseconds per node")
+    print(f"{'N':>9} {'bare':>8} {'events':>8} {'capture':>8} {'ratio':>6}")
+    for size in sizes:
+        bare, events, capture = (figures[f"{name}/{size}"]["ns_per_node"]
+                                 for name in ("bare", "events", "capture"))
+        print(f"{size:9} {bare:8.0f} {events:8.0f} {capture:8.0f} {capture / bare:6.2f}")
+    print("100000 nodes, of which N are inactive, ms")
+    for name in (name for name in figures if name.startswith("inactive/")):
+        print(f"{name.split('/')[1]:>9} {figures[name]['real_time']:8.0f}")
+    print("Again over 10000 remembered materials, ms")
+    for name in (name for name in figures if name.startswith("again/")):
+        sets, changed = name.split("/")[1:3]
+        print(f"{sets:>9} sets, {changed:>5} materials changed {figures[name]['real_time']:8.0f}")
+
+
 if __name__ == "__main__":
     print_selection(load(sys.argv[1]))
     print_reading(load(sys.argv[2]))
     print_writing(load(sys.argv[3]))
     print_upkeep(load(sys.argv[4]))
     print_pictures(load(sys.argv[5]))
+    print_capture(load(sys.argv[6]))
