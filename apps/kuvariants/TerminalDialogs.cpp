@@ -8,7 +8,6 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QProgressDialog>
-#include <QTimer>
 #include <iostream>
 #include <string>
 
@@ -53,7 +52,8 @@ bool TerminalDialogs::eventFilter(QObject* object, QEvent* event) {
   if (event->type() == QEvent::Show) {
     if (auto* box = qobject_cast<QMessageBox*>(object)) {
       // Its own event loop begins only behind this.
-      QTimer::singleShot(0, box, [this, box] { answer(*box); });
+      _box = box;
+      _timer.start(0, this);
     } else if (const auto* dialog = qobject_cast<QProgressDialog*>(object)) {
       showProgress(*dialog);
     }
@@ -61,6 +61,11 @@ bool TerminalDialogs::eventFilter(QObject* object, QEvent* event) {
     hideProgress();
   }
   return false;
+}
+
+void TerminalDialogs::timerEvent(QTimerEvent*) {
+  _timer.stop();
+  if (_box) answer(*_box);
 }
 
 void TerminalDialogs::answer(QMessageBox& box) {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QBasicTimer>
+#include <QMessageBox>
 #include <QObject>
+#include <QPointer>
 
-class QMessageBox;
 class QProgressDialog;
 
 /**
@@ -23,6 +25,7 @@ class TerminalDialogs : public QObject {
 
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
 
  private:
   void answer(QMessageBox& box);
@@ -30,6 +33,9 @@ class TerminalDialogs : public QObject {
   void showProgress(const QProgressDialog& dialog);
   void hideProgress();
 
+  /** The question that waits, and what ends its wait. */
+  QPointer<QMessageBox> _box;
+  QBasicTimer _timer;
   const Answer _answer;
   bool _refused = false;
   bool _progressShown = false;
