@@ -16,8 +16,9 @@ namespace {
 constexpr std::uint32_t kHashStart = 0x811C9DC5;
 
 std::uint32_t hashed(std::uint32_t hash, char byte) {
-  const auto widened = static_cast<std::int32_t>(static_cast<signed char>(byte));
-  return (hash * 16777619u) ^ static_cast<std::uint32_t>(widened);
+  const std::uint32_t low = static_cast<unsigned char>(byte);
+  const std::uint32_t widened = low < 0x80 ? low : low | 0xFFFFFF00u;
+  return (hash * 16777619u) ^ widened;
 }
 
 std::uint32_t hashed(std::uint32_t hash, std::string_view text) {
