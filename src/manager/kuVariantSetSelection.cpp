@@ -7,9 +7,11 @@
 #include "host/script/kuScript.h"
 #include "host/services/kuCameraService.h"
 #include "host/services/kuKernelServiceFactory.h"
+#include "host/session/kuSession.h"
 #include "host/utils/kuNodeUtils.h"
 #include "host/utils/kuSceneplateUtils.h"
 #include "manager/kuVariants.h"
+#include "model/kuVariantGroup.h"
 #include "model/kuVariantSet.h"
 #include "model/kuVariantSetKeeper.h"
 #include "scene/kuLightVariant.h"
@@ -17,6 +19,8 @@
 #include "scene/kuNodeVariant.h"
 #include "scene/kuOverlayVariant.h"
 #include "scene/kuTransformVariant.h"
+#include "session/kuSessionVariantCommand.h"
+#include "session/kuSessionVariantSetCommand.h"
 
 // Selecting a set. Receivers of the messages and the scripts run in the midst of it, and may change
 // or remove the variants and the very set. So each step reads the set through a keeper, each loop
@@ -50,6 +54,33 @@ class NameCache {
  private:
   bool _opened;
 };
+
+/** Keeps the selections of single variants from the partners, for as long as this object lives. */
+class LocalVariants {
+ public:
+  explicit LocalVariants(bool wanted) : _blocked(wanted) {
+    if (_blocked) kuSession::the().block(type());
+  }
+  ~LocalVariants() { end(); }
+  LocalVariants(const LocalVariants&) = delete;
+  LocalVariants& operator=(const LocalVariants&) = delete;
+
+  void end() {
+    if (_blocked) kuSession::the().unblock(type());
+    _blocked = false;
+  }
+
+ private:
+  static unsigned type() { return kuSessionVariantCommand(nullptr, "").getType(); }
+
+  bool _blocked;
+};
+
+/** Whether selections of the set travel to the partners: its own flag and its group's decide. */
+bool isShared(const kuVariantSet& set) {
+  if (!set.getSyncInCollaboration()) return false;
+  return !set.getGroup() || set.getGroup()->getSyncInCollaboration();
+}
 
 /** "variantsSetSelected": with the set's name at the start of a selection, empty at its end. */
 void sendSetSelected(const std::string& setName) {
@@ -94,11 +125,18 @@ void activate(kuCameraService& service, const QString& viewpoint, bool asDefault
 }  // namespace
 
 void kuVariantSet::select(bool execute, bool skipViewpoint, bool instantaneous) {
+  const bool shared = isShared(*this);
+  kuSession& session = kuSession::the();
+  if (shared && session.isReadyToUse()) {
+    session.pushCommand(kuSessionVariantSetCommand(this, execute, skipViewpoint));
+    return;
+  }
   const Keeper set(*this);
   // Transform and overlay states do not count.
   NameCache cache(nodeVariants.size() + materialVariants.size() + lightVariants.size() >=
                   statesWorthACache);
   sendSetSelected(getName().toStdString());
+  LocalVariants local(!shared);
   set->showTargetNodes();
 
   selectStates(set->nodeVariants, kuVariants::findNodeVariant);
@@ -110,6 +148,7 @@ void kuVariantSet::select(bool execute, bool skipViewpoint, bool instantaneous) 
     activate(*cameraService(), set->viewpoints.front(), false);
   }
   selectStates(set->overlayVariants, kuVariants::findOverlayVariant);
+  local.end();
 
   if (execute) {
     if (!set->script.isEmpty() && !set.isGone()) set->executeScript();

@@ -4,6 +4,7 @@
 
 #include "host/session/kuSession.h"
 #include "model/kuLivingVariant.h"
+#include "session/kuSessionVariantCommand.h"
 
 namespace {
 
@@ -56,7 +57,12 @@ void kuVariant::select(const kuVariantOption& option) { select(option.getName())
 void kuVariant::select(const QString& state) {
   // A receiver may delete this variant, and its texts with it: the state goes on as a copy.
   const QString kept = state;
-  if (!kuSession::the().isReadyToUse()) onSelect(kept);
+  kuSession& session = kuSession::the();
+  if (session.isReadyToUse()) {
+    session.pushCommand(kuSessionVariantCommand(this, kept));
+  } else {
+    onSelect(kept);
+  }
 }
 
 void kuVariant::onSelect(const QString&) {}

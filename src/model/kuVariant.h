@@ -55,7 +55,7 @@ class KUVARIANTS_EXPORT kuVariant {
   void select(const kuVariantOption& option);
   /**
    * Puts the scene into a state. What is no option goes through as well: the kind decides what it
-   * means.
+   * means. In a session the variants of that name go there on every machine.
    */
   void select(const QString& state);
 

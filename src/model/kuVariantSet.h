@@ -3,7 +3,9 @@
 #include <qnamespace.h>
 #include <QByteArray>
 #include <QFlags>
+#include <QMap>
 #include <QString>
+#include <QVector>
 #include <cstdint>
 #include <list>
 #include <map>
@@ -75,7 +77,8 @@ class KUVARIANTS_EXPORT kuVariantSet {
   std::uint32_t id() const { return _id; }
 
   /**
-   * Puts the set into effect.
+   * Puts the set into effect. A set that is shared with the partners of a session is put into
+   * effect by the session, here and there.
    * @param execute also runs script, clipping settings, animations and the default viewpoint.
    * @param skipViewpoint leaves the camera alone.
    * @param instantaneous handed on to the animations that are started.
@@ -87,6 +90,16 @@ class KUVARIANTS_EXPORT kuVariantSet {
   void executeScript();
   /** Applies the clipping settings. */
   void executeAnalyzer();
+  /**
+   * What the scene shows of the set's variants: one table per kind (node, material, transform,
+   * light, overlay), from the variant's name to its current state, which need not be the set's.
+   * Entries that the tables held stay. Variants that the manager does not have are left out.
+   * @param cursor the set's place in its animations.
+   */
+  void getCurrentState(QVector<QMap<QString, QString>>& states, int& cursor);
+  /** Gives the set that place, and puts every variant that the tables name into its state, unless
+   * it stands there; with fewer than five tables the place alone. The set's own states stay. */
+  void setCurrentState(const QVector<QMap<QString, QString>>& states, int cursor);
   /** Tells the user interface which variants the set uses. */
   void showConnectedVariants();
 
