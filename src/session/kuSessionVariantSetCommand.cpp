@@ -75,9 +75,6 @@ void kuSessionVariantSetCommand::read(QDataStream& stream) {
     return;
   }
   currentState.resize(tables);
-  for (Table& table : currentState) {
-    // The operator of a map reads on also from a stream that has failed.
-    if (stream.status() != QDataStream::Ok) return;
+  for (Table& table : currentState)
     stream >> table;
-  }
 }

@@ -15,7 +15,7 @@ TEST(LibraryUnloadTest, LibraryHearsTheHostWhileItIsLoadedAndLeavesNothingBehind
   const std::string loaded =
       "clearAllVariants/1\nnodeVariantChanged/1\nmaterialVariantChanged/1\nlightVariantChanged/1\n"
       "overlayVariantChanged/1\ntransformVariantChanged/0\nvariantSetChanged/1\n"
-      "variantGroupChanged/1\nloaded: received\n"
+      "variantGroupChanged/1\nloaded: received, SelectVariant, SelectVariantSet\n"
       "unloaded\n"
       "clearAllVariants/1\nafter: nobody\n";
   EXPECT_EQ(probe.readAllStandardOutput().toStdString(),

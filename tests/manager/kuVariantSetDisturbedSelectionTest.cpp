@@ -1,12 +1,12 @@
 #include <functional>
 
-#include "SelectionScene.h"
 #include "host/kernel/kuController.h"
 #include "host/utils/kuLights.h"
 #include "manager/kuVariants.h"
 #include "model/kuVariantGroup.h"
 #include "standalone/kernel/MessageWatch.h"
 #include "standalone/script/ClippingSettings.h"
+#include "support/SelectionScene.h"
 
 // Receivers that change or empty the manager in the midst of a selection. What dangles shows under
 // the address sanitizer.

@@ -1,7 +1,6 @@
 #include <cstdint>
 #include <functional>
 
-#include "SelectionScene.h"
 #include "host/kernel/kuScenegraph.h"
 #include "manager/kuVariants.h"
 #include "model/kuVariantGroup.h"
@@ -10,6 +9,7 @@
 #include "standalone/script/ClippingSettings.h"
 #include "standalone/script/ScriptPolicy.h"
 #include "support/MessageReceiver.h"
+#include "support/SelectionScene.h"
 #include "support/kuVariantsTestAccess.h"
 
 // Selections that run inside a selection: from a receiver, and from the set's own script.

@@ -1,4 +1,3 @@
-#include "SelectionScene.h"
 #include "host/kernel/kuScenegraph.h"
 #include "host/utils/kuLights.h"
 #include "manager/kuVariants.h"
@@ -7,6 +6,7 @@
 #include "standalone/kernel/HostState.h"
 #include "standalone/kernel/MessageWatch.h"
 #include "standalone/script/ClippingSettings.h"
+#include "support/SelectionScene.h"
 
 using namespace kuStandalone;
 using ::testing::ElementsAre;

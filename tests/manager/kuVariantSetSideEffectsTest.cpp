@@ -1,11 +1,11 @@
 #include <memory>
 
-#include "SelectionScene.h"
 #include "host/services/kuKernelServiceFactory.h"
 #include "standalone/kernel/MessageWatch.h"
 #include "standalone/scene/Scene.h"
 #include "standalone/script/ClippingSettings.h"
 #include "support/CamerasInBetween.h"
+#include "support/SelectionScene.h"
 #include "support/kuVariantsTestAccess.h"
 
 // What a selection does beside its states: cameras and animations.

@@ -1,18 +1,24 @@
 // Loads the variants library as a host does, into a process that links the host alone, and takes it
-// out again. Prints what the host hears of it; the path of the library is the only argument.
+// out again. Prints what the host hears of it, and which session commands it can make; the path of
+// the library is the only argument.
 
 #include <dlfcn.h>
 
 #include <cstdio>
 
 #include "host/kernel/kuController.h"
+#include "host/session/kuSessionCommandFactory.h"
 #include "standalone/kernel/MessageWatch.h"
 
 namespace {
 
 void tell(const char* when) {
   const bool received = kuController::call("clearAllVariants", 1);
-  std::printf("%s: %s\n", when, received ? "received" : "nobody");
+  std::printf("%s: %s", when, received ? "received" : "nobody");
+  for (const char* name : {"SelectVariant", "SelectVariantSet"}) {
+    if (kuSessionCommandFactory::the().create(name)) std::printf(", %s", name);
+  }
+  std::printf("\n");
 }
 
 bool isLoaded(const char* path) {

@@ -1,4 +1,4 @@
-#include "SelectionScene.h"
+#include "support/SelectionScene.h"
 
 #include "host/kernel/kuController.h"
 #include "manager/kuVariants.h"
