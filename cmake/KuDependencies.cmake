@@ -16,6 +16,9 @@ find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Xml)
 find_package(CLI11 REQUIRED)
 find_package(embree 3 REQUIRED)
 find_package(PNG 1.6 REQUIRED)
+# The client of NATS; its own CMake package is broken.
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(NATS REQUIRED IMPORTED_TARGET libnats)
 find_package(Threads REQUIRED)
 
 if(KU_BUILD_TESTS)

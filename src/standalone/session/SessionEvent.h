@@ -26,16 +26,16 @@ struct SessionEvent {
 
   Kind kind;
   /** Whom it is about: who came or left, who sent the command. */
-  QString partner;
+  QString partner{};
   /** The registered name of the command, or "Script". */
-  QString command;
+  QString command{};
   /** Of the command; the same on every machine. */
-  QUuid id;
+  QUuid id{};
   bool own = false;
   /** The command's place in the order of all; 0 when it ran here alone. */
   std::uint64_t sequence = 0;
   /** Of a loss or refusal, for people. */
-  QString reason;
+  QString reason{};
 };
 
 using SessionEvents = std::function<void(const SessionEvent&)>;

@@ -27,10 +27,15 @@ struct KUHOST_EXPORT SessionOptions {
   /** Between two signs of life to the partners. */
   std::chrono::milliseconds heartbeat{1000};
 
+  /** The options for an address that also names the session: nats://host:port/session. */
+  static SessionOptions at(const QString& address);
+
   /** Why these options cannot do; empty if they can. Never contains a password or token. */
   QString fault() const;
   /** Host and port, for people. */
   QString address() const;
+  /** Whether tls says so, or the address. */
+  bool isEncrypted() const;
 };
 
 /** A secret, or why there is none. */

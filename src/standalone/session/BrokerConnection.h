@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <cstdint>
+#include <memory>
+
+#include "standalone/session/SessionInbox.h"
+#include "standalone/session/SessionOptions.h"
+#include "standalone/session/SessionSubject.h"
+
+struct __natsConnection;
+
+namespace kuStandalone {
+
+/** Of the broker's client: what a callback of a subscription to the stream needs. */
+struct BrokerReceiver {
+  SessionInbox* inbox;
+  unsigned subscription;
+};
+
+/**
+ * The connection to the broker, over its C client. The client's threads put what comes into the
+ * inbox; the calls here are the main thread's, and each ends within the times of the options.
+ * A connection that breaks is made again by the client; the inbox is told.
+ */
+class BrokerConnection {
+ public:
+  BrokerConnection(const SessionOptions& options, std::shared_ptr<SessionInbox> inbox);
+  /** Says good-bye to the broker and waits until none of the client's threads uses the inbox. */
+  ~BrokerConnection();
+  BrokerConnection(const BrokerConnection&) = delete;
+  BrokerConnection& operator=(const BrokerConnection&) = delete;
+
+  /** Connects; answers why not, empty if it could. */
+  QString open();
+
+  bool isConnected() const;
+  /** The longest message. */
+  qint64 mostBytes() const;
+
+  const SessionOptions& options() const;
+  const SessionSubject& subject() const;
+  /** The client's own handle. */
+  __natsConnection* link() const;
+  /** For a subscription of its own; it holds until the connection is over. Its numbers are never 0.
+   */
+  BrokerReceiver* makeReceiver();
+
+  /** Tells those who are there now; nobody knows whether it arrives. */
+  void announce(const QByteArray& bytes);
+
+ private:
+  struct Parts;
+  QString subscribePresence();
+
+  std::unique_ptr<Parts> _parts;
+};
+
+}  // namespace kuStandalone

@@ -1,0 +1,166 @@
+#include "standalone/session/BrokerStream.h"
+
+#include <QUuid>
+
+#include "standalone/session/BrokerConnection.h"
+#include "standalone/session/BrokerHandles.h"
+
+namespace kuStandalone {
+
+namespace {
+
+constexpr std::int64_t kMillisecond = 1'000'000;
+constexpr std::int64_t kMinute = 60'000 * kMillisecond;
+
+/** Whoever is connected sees every message as long as it is less than this behind. */
+constexpr std::int64_t kKeptPerSubject = 1000;
+constexpr std::int64_t kKeptBytes = 1 << 30;
+constexpr std::int64_t kKeptTime = 30 * 24 * 60 * kMinute;
+constexpr std::int64_t kDuplicateWindow = 10 * kMinute;
+constexpr std::int64_t kConsumerHeartbeat = 500 * kMillisecond;
+
+void onMessage(natsConnection*, natsSubscription*, natsMsg* given, void* closure) {
+  const BrokerMessage message(given);
+  const auto* receiver = static_cast<const BrokerReceiver*>(closure);
+  jsMsgMetaData* metaData = nullptr;
+  if (natsMsg_GetMetaData(&metaData, given) != NATS_OK) return;
+  const BrokerMetaData owned(metaData);
+  SessionDelivery delivery;
+  delivery.bytes = bytesOf(given);
+  delivery.subscription = receiver->subscription;
+  delivery.sequence = metaData->Sequence.Stream;
+  delivery.pending = metaData->NumPending;
+  receiver->inbox->put(std::move(delivery));
+}
+
+BrokerStream::State stateOf(const jsStreamInfo& info) {
+  BrokerStream::State state;
+  const char* description = info.Config->Description;
+  state.identity = QByteArray(description ? description : "") + QByteArray::number(qint64(info.Created));
+  state.lastSequence = info.State.LastSeq;
+  return state;
+}
+
+BrokerStream::State failed(natsStatus status, jsErrCode code) {
+  BrokerStream::State state;
+  if (status == NATS_NO_RESPONDERS || code == JSNotEnabledErr || code == JSNotEnabledForAccountErr) {
+    state.error = QStringLiteral("the broker has no JetStream");
+    return state;
+  }
+  const QString reason = QString::fromUtf8(natsStatus_GetText(status));
+  state.error = QStringLiteral("the broker does not open the session: %1").arg(reason);
+  return state;
+}
+
+natsStatus makeStream(jsCtx* context, const SessionSubject& subject, jsStreamInfo** info,
+                      jsErrCode* code) {
+  const QByteArray identity = QUuid::createUuid().toByteArray(QUuid::WithoutBraces);
+  const QByteArray name = subject.stream();
+  const QByteArray all = subject.all();
+  const char* subjects[] = {all.constData()};
+  jsStreamConfig config;
+  jsStreamConfig_Init(&config);
+  config.Name = name.constData();
+  config.Description = identity.constData();
+  config.Subjects = subjects;
+  config.SubjectsLen = 1;
+  config.MaxMsgsPerSubject = kKeptPerSubject;
+  config.MaxBytes = kKeptBytes;
+  config.MaxAge = kKeptTime;
+  config.MaxMsgSize = kSessionFrameBytes;
+  config.Duplicates = kDuplicateWindow;
+  return js_AddStream(info, context, &config, nullptr, code);
+}
+
+}  // namespace
+
+struct BrokerStream::Parts {
+  QByteArray name;
+  BrokerJetStream context;
+  BrokerSubscription subscription;
+};
+
+BrokerStream::BrokerStream(BrokerConnection& connection)
+    : _connection(connection), _parts(new Parts{connection.subject().stream(), {}, {}}) {
+  jsOptions options;
+  jsOptions_Init(&options);
+  options.Wait = connection.options().acknowledgeTimeout.count();
+  jsCtx* context = nullptr;
+  natsConnection_JetStream(&context, connection.link(), &options);
+  _parts->context.reset(context);
+}
+
+BrokerStream::~BrokerStream() = default;
+
+BrokerStream::State BrokerStream::find() {
+  jsStreamInfo* info = nullptr;
+  jsErrCode code = jsErrCode(0);
+  const char* name = _parts->name.constData();
+  natsStatus status = js_GetStreamInfo(&info, _parts->context.get(), name, nullptr, &code);
+  if (status == NATS_NOT_FOUND) {
+    code = jsErrCode(0);
+    status = makeStream(_parts->context.get(), _connection.subject(), &info, &code);
+  }
+  // Somebody else made it at the same moment.
+  if (code == JSStreamNameExistErr) {
+    status = js_GetStreamInfo(&info, _parts->context.get(), name, nullptr, &code);
+  }
+  const BrokerStreamInfo owned(info);
+  return status == NATS_OK ? stateOf(*info) : failed(status, code);
+}
+
+BrokerStream::Subscription BrokerStream::subscribeToLast() { return subscribe(0); }
+
+BrokerStream::Subscription BrokerStream::subscribeFrom(std::uint64_t sequence) {
+  return subscribe(sequence);
+}
+
+BrokerStream::Subscription BrokerStream::subscribe(std::uint64_t firstSequence) {
+  jsSubOptions options;
+  jsSubOptions_Init(&options);
+  options.Stream = _parts->name.constData();
+  options.Ordered = true;
+  options.Config.Heartbeat = kConsumerHeartbeat;
+  options.Config.DeliverPolicy =
+      firstSequence == 0 ? js_DeliverLastPerSubject : js_DeliverByStartSequence;
+  options.Config.OptStartSeq = firstSequence;
+  options.Config.MemoryStorage = true;
+  const QByteArray all = _connection.subject().all();
+  BrokerReceiver* receiver = _connection.makeReceiver();
+  natsSubscription* made = nullptr;
+  _parts->subscription.reset();
+  const natsStatus status = js_Subscribe(&made, _parts->context.get(), all.constData(), onMessage,
+                                         receiver, nullptr, &options, nullptr);
+  _parts->subscription.reset(made);
+  if (status != NATS_OK) return {};
+  natsSubscription_SetPendingLimits(made, -1, -1);
+  return waitingIn(receiver->subscription);
+}
+
+BrokerStream::Subscription BrokerStream::waitingIn(unsigned number) {
+  jsConsumerInfo* info = nullptr;
+  natsSubscription* subscription = _parts->subscription.get();
+  const natsStatus status = natsSubscription_GetConsumerInfo(&info, subscription, nullptr, nullptr);
+  const BrokerConsumerInfo owned(info);
+  if (status != NATS_OK) return {};
+  return {number, info->NumPending + info->Delivered.Consumer};
+}
+
+Publication BrokerStream::publish(const QByteArray& subject, const QByteArray& bytes,
+                                  const QByteArray& id) {
+  jsPubOptions options;
+  jsPubOptions_Init(&options);
+  options.MsgId = id.constData();
+  options.ExpectStream = _parts->name.constData();
+  jsPubAck* acknowledgement = nullptr;
+  jsErrCode code = jsErrCode(0);
+  const natsStatus status =
+      js_Publish(&acknowledgement, _parts->context.get(), subject.constData(), bytes.constData(),
+                 bytes.size(), &options, &code);
+  const BrokerAcknowledgement owned(acknowledgement);
+  if (status == NATS_OK) return Publication::Stored;
+  const bool isRefused = status == NATS_MAX_PAYLOAD || code == JSStreamMessageExceedsMaximumErr;
+  return isRefused ? Publication::Refused : Publication::Unknown;
+}
+
+}  // namespace kuStandalone

@@ -1,0 +1,61 @@
+#include "standalone/session/SessionCommand.h"
+
+#include "standalone/session/SessionStream.h"
+
+namespace kuStandalone {
+
+namespace {
+
+int& running() {
+  static int depth = 0;
+  return depth;
+}
+
+MadeCommand notMade(const QString& reason) {
+  return {kuSessionCommandFactory::Command(nullptr, [](kuSessionCommand*) {}), reason};
+}
+
+}  // namespace
+
+MadeCommand makeCommand(const SessionFrame& frame) {
+  kuSessionCommandFactory::Command command =
+      kuSessionCommandFactory::the().create(frame.type.toStdString());
+  if (!command) return notMade(QStringLiteral("the command %1 is unknown").arg(frame.type));
+  QDataStream stream(frame.payload);
+  prepareSessionStream(stream);
+  command->read(stream);
+  if (stream.status() != QDataStream::Ok || !stream.atEnd()) {
+    return notMade(QStringLiteral("the command %1 cannot be read").arg(frame.type));
+  }
+  return {std::move(command), QString()};
+}
+
+QByteArray payloadOf(const kuSessionCommand& command) {
+  QByteArray bytes;
+  QDataStream stream(&bytes, QIODevice::WriteOnly);
+  prepareSessionStream(stream);
+  command.write(stream);
+  return bytes;
+}
+
+QByteArray keyOf(const kuSessionCommand& command) {
+  QByteArray bytes;
+  QDataStream stream(&bytes, QIODevice::WriteOnly);
+  prepareSessionStream(stream);
+  command.writeKey(stream);
+  return bytes;
+}
+
+bool CommandRun::isRunning() { return running() > 0; }
+
+void CommandRun::run(kuSessionCommand& command) {
+  const Mark mark;
+  SessionClient client;
+  command.execute(&client);
+}
+
+CommandRun::Mark::Mark() { ++running(); }
+
+CommandRun::Mark::~Mark() { --running(); }
+
+}  // namespace kuStandalone

@@ -1,0 +1,174 @@
+#include <QApplication>
+
+#include "standalone/kernel/HostState.h"
+#include "standalone/script/PartnerCommands.h"
+#include "standalone/session/SessionParts.h"
+
+namespace kuStandalone {
+
+namespace {
+
+constexpr std::size_t kMostRefused = 100;
+
+/** Something is true as long as this lives. */
+class Flag {
+ public:
+  explicit Flag(bool& flag) : _flag(flag) { _flag = true; }
+  ~Flag() { _flag = false; }
+  Flag(const Flag&) = delete;
+  Flag& operator=(const Flag&) = delete;
+
+ private:
+  bool& _flag;
+};
+
+}  // namespace
+
+bool Session::Parts::isHeld() {
+  if (HostState::the().busy) return true;
+  return qobject_cast<QApplication*>(QCoreApplication::instance()) &&
+         QApplication::activeModalWidget();
+}
+
+void Session::Parts::wake() {
+  if (_isDelivering || CommandRun::isRunning()) return;
+  take();
+  if (!_isLinked && _isEchoed) tryAgain();
+  deliver();
+  sendKept();
+  tellBack();
+}
+
+void Session::Parts::take() {
+  for (SessionDelivery& delivery : _inbox->takeAll())
+    receive(std::move(delivery));
+}
+
+void Session::Parts::receive(SessionDelivery delivery) {
+  using Kind = SessionDelivery::Kind;
+  switch (delivery.kind) {
+    case Kind::Presence: return hear(delivery.bytes);
+    case Kind::Lost: return becomeAlone(QStringLiteral("the connection broke"));
+    case Kind::Closed: return becomeAlone(QStringLiteral("it has closed the connection for good"));
+    case Kind::Back: _isEchoed = true; return _again.start();
+    case Kind::Message: break;
+  }
+  // What comes by a subscription of before comes again by the present one.
+  if (delivery.subscription != _subscription || delivery.sequence <= _lastReceived) return;
+  _lastReceived = delivery.sequence;
+  _waiting.push_back(std::move(delivery));
+}
+
+void Session::Parts::deliver() {
+  if (_isDelivering) return;
+  const Flag delivering(_isDelivering);
+  while (!_waiting.empty() && !(_awaited && _awaited->hasRun)) {
+    if (!deliverFirst()) return;
+  }
+}
+
+bool Session::Parts::deliverFirst() {
+  const SessionFrameReading reading = readFrame(_waiting.front().bytes);
+  if (isHeld() && !mayRunWhileBusy(reading)) {
+    _again.start();
+    return false;
+  }
+  const SessionDelivery delivery = std::move(_waiting.front());
+  _waiting.pop_front();
+  if (reading.status == SessionFrameReading::Status::Whole) {
+    deliverFrame(reading.frame, delivery.sequence);
+  } else if (reading.status == SessionFrameReading::Status::Newer) {
+    refuseNewer(reading);
+  } else {
+    _log.dropped(QString(), reading.reason);
+  }
+  noteProgress(delivery);
+  return true;
+}
+
+bool Session::Parts::mayRunWhileBusy(const SessionFrameReading& reading) const {
+  if (reading.status != SessionFrameReading::Status::Whole) return true;
+  if (reading.frame.kind != SessionFrame::Kind::Command) return false;
+  const auto command = kuSessionCommandFactory::the().create(reading.frame.type.toStdString());
+  return !command || command->runsWhileBusy();
+}
+
+void Session::Parts::deliverFrame(const SessionFrame& frame, std::uint64_t sequence) {
+  switch (frame.kind) {
+    case SessionFrame::Kind::Command:
+      if (frame.sender != _id || !deliverOwn(frame, sequence)) deliverCommand(frame, sequence);
+      break;
+    case SessionFrame::Kind::Script: deliverScript(frame, sequence); break;
+    case SessionFrame::Kind::Presence: _log.dropped(frame.senderName, "it is no command"); break;
+  }
+}
+
+bool Session::Parts::deliverOwn(const SessionFrame& frame, std::uint64_t sequence) {
+  if (_awaited && _awaited->id == frame.id) {
+    _awaited->hasRun = true;
+    _order.isFirst(frame.id);
+    if (_awaited->command->runsAtSender()) CommandRun::run(*_awaited->command);
+    tellRun(frame, sequence);
+    return true;
+  }
+  const std::optional<bool> runsAgain = _order.runsAgain(frame.id);
+  if (!runsAgain) return false;
+  _order.isFirst(frame.id);
+  const MadeCommand made = makeCommand(frame);
+  if (!*runsAgain || !made.command || !made.command->runsAtSender()) return true;
+  CommandRun::run(*made.command);
+  tellRun(frame, sequence);
+  return true;
+}
+
+void Session::Parts::deliverCommand(const SessionFrame& frame, std::uint64_t sequence) {
+  const MadeCommand made = makeCommand(frame);
+  if (!made.command) return _log.dropped(frame.senderName, made.reason);
+  if (!_isJoinCompleted && !made.command->isForLateJoiners()) return;
+  if (!_order.isFirst(frame.id)) return;
+  CommandRun::run(*made.command);
+  _order.partnerRan();
+  tellRun(frame, sequence);
+}
+
+void Session::Parts::deliverScript(const SessionFrame& frame, std::uint64_t sequence) {
+  if (!_order.isFirst(frame.id)) return;
+  if (frame.sender == _id) return static_cast<void>(_order.runsAgain(frame.id));
+  if (!_isJoinCompleted) return;
+  std::string failure;
+  {
+    const CommandRun::Mark running;
+    failure = runPartnerCommands(frame.payload);
+  }
+  if (!failure.empty()) return _log.dropped(frame.senderName, QString::fromStdString(failure));
+  _order.partnerRan();
+  tellRun(frame, sequence);
+}
+
+void Session::Parts::refuseNewer(const SessionFrameReading& reading) {
+  const QString who = reading.frame.senderName.isEmpty() ? QStringLiteral("a partner")
+                                                         : reading.frame.senderName;
+  const QString reason = QStringLiteral("%1 is of a newer version: %2, here it is %3; this program "
+                                        "has to be updated")
+                             .arg(who, reading.reason)
+                             .arg(kSessionVersion);
+  _log.dropped(reading.frame.senderName, reason);
+  if (_refused.size() >= kMostRefused || !_refused.insert(reading.frame.sender).second) return;
+  SessionEvent event{SessionEvent::Kind::Refused};
+  event.partner = reading.frame.senderName;
+  event.reason = reason;
+  tell(event);
+}
+
+void Session::Parts::tellRun(const SessionFrame& frame, std::uint64_t sequence) {
+  _lastRun = Clock::now();
+  SessionEvent event{SessionEvent::Kind::CommandRan};
+  event.partner = frame.senderName;
+  event.command = frame.kind == SessionFrame::Kind::Script ? QStringLiteral("Script") : frame.type;
+  event.id = frame.id;
+  event.own = frame.sender == _id;
+  event.sequence = sequence;
+  tell(event);
+}
+
+}  // namespace kuStandalone

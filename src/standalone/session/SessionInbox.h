@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <mutex>
+
+namespace kuStandalone {
+
+/** What the broker's client has to say. */
+struct SessionDelivery {
+  enum class Kind {
+    /** A message of the stream. */
+    Message,
+    Presence,
+    Lost,
+    Back,
+    /** The connection is over for good. */
+    Closed
+  };
+
+  Kind kind = Kind::Message;
+  QByteArray bytes;
+  /** Of the stream: in which subscription it came, its place, and how many stand behind it. */
+  unsigned subscription = 0;
+  std::uint64_t sequence = 0, pending = 0;
+};
+
+/**
+ * Where the threads of the broker's client leave what they have, and the only thing that they touch;
+ * the main thread takes it from there. It holds no more than it can: messages of the stream that find
+ * it full are dropped, and with them all others of their subscription, so that the order holds.
+ */
+class SessionInbox : public QObject {
+ public:
+  /** @param wake called by the event loop of the main thread when something has come. */
+  explicit SessionInbox(std::function<void()> wake);
+
+  /** Any thread. */
+  void put(SessionDelivery delivery);
+
+  /** Main thread: all that has come, in its order. */
+  std::deque<SessionDelivery> takeAll();
+  /** Waits until something is there; false if nothing came in time. */
+  bool waitForMore(std::chrono::milliseconds limit);
+  /** Waits until the connection is over for good; false if that took longer. */
+  bool waitForClosed(std::chrono::milliseconds limit);
+  /** Whether messages of a subscription were dropped. */
+  bool hasOverflown(unsigned subscription) const;
+  /** Nobody is woken from now on. */
+  void silence() { _wake = nullptr; }
+
+ protected:
+  bool event(QEvent* event) override;
+
+ private:
+  bool isFullFor(const SessionDelivery& delivery);
+
+  std::function<void()> _wake;
+  mutable std::mutex _mutex;
+  std::condition_variable _changed;
+  std::deque<SessionDelivery> _deliveries;
+  qint64 _bytes = 0;
+  unsigned _overflown = 0;
+  bool _isWakePosted = false, _isClosed = false;
+};
+
+}  // namespace kuStandalone
