@@ -111,8 +111,7 @@ struct BrokerConnection::Parts {
 
 BrokerConnection::BrokerConnection(const SessionOptions& options,
                                    std::shared_ptr<SessionInbox> inbox)
-    : _parts(new Parts{options, SessionSubject(options.session), std::move(inbox), {}, {}, {}}) {
-}
+    : _parts(new Parts{options, SessionSubject(options.session), std::move(inbox), {}, {}, {}}) {}
 
 BrokerConnection::~BrokerConnection() {
   if (!_parts->link) return;

@@ -36,14 +36,16 @@ void onMessage(natsConnection*, natsSubscription*, natsMsg* given, void* closure
 BrokerStream::State stateOf(const jsStreamInfo& info) {
   BrokerStream::State state;
   const char* description = info.Config->Description;
-  state.identity = QByteArray(description ? description : "") + QByteArray::number(qint64(info.Created));
+  state.identity =
+      QByteArray(description ? description : "") + QByteArray::number(qint64(info.Created));
   state.lastSequence = info.State.LastSeq;
   return state;
 }
 
 BrokerStream::State failed(natsStatus status, jsErrCode code) {
   BrokerStream::State state;
-  if (status == NATS_NO_RESPONDERS || code == JSNotEnabledErr || code == JSNotEnabledForAccountErr) {
+  if (status == NATS_NO_RESPONDERS || code == JSNotEnabledErr ||
+      code == JSNotEnabledForAccountErr) {
     state.error = QStringLiteral("the broker has no JetStream");
     return state;
   }
@@ -154,9 +156,8 @@ Publication BrokerStream::publish(const QByteArray& subject, const QByteArray& b
   options.ExpectStream = _parts->name.constData();
   jsPubAck* acknowledgement = nullptr;
   jsErrCode code = jsErrCode(0);
-  const natsStatus status =
-      js_Publish(&acknowledgement, _parts->context.get(), subject.constData(), bytes.constData(),
-                 bytes.size(), &options, &code);
+  const natsStatus status = js_Publish(&acknowledgement, _parts->context.get(), subject.constData(),
+                                       bytes.constData(), bytes.size(), &options, &code);
   const BrokerAcknowledgement owned(acknowledgement);
   if (status == NATS_OK) return Publication::Stored;
   const bool isRefused = status == NATS_MAX_PAYLOAD || code == JSStreamMessageExceedsMaximumErr;

@@ -1,5 +1,7 @@
 #include "standalone/session/SessionCommand.h"
 
+#include "standalone/session/Session.h"
+#include "standalone/session/SessionClient.h"
 #include "standalone/session/SessionStream.h"
 
 namespace kuStandalone {
@@ -50,7 +52,8 @@ bool CommandRun::isRunning() { return running() > 0; }
 
 void CommandRun::run(kuSessionCommand& command) {
   const Mark mark;
-  SessionClient client;
+  const Session* session = Session::present();
+  SessionClient client(!session || session->isJoinCompleted());
   command.execute(&client);
 }
 

@@ -2,14 +2,10 @@
 
 #include <QString>
 
-#include "host/session/kuSessionClient.h"
 #include "host/session/kuSessionCommandFactory.h"
 #include "standalone/session/SessionFrame.h"
 
 namespace kuStandalone {
-
-/** This host's client; it answers for the present session. */
-class SessionClient : public kuSessionClient {};
 
 /** A command out of a frame. */
 struct MadeCommand {

@@ -47,11 +47,17 @@ void Session::Parts::take() {
 void Session::Parts::receive(SessionDelivery delivery) {
   using Kind = SessionDelivery::Kind;
   switch (delivery.kind) {
-    case Kind::Presence: return hear(delivery.bytes);
-    case Kind::Lost: return becomeAlone(QStringLiteral("the connection broke"));
-    case Kind::Closed: return becomeAlone(QStringLiteral("it has closed the connection for good"));
-    case Kind::Back: _isEchoed = true; return _again.start();
-    case Kind::Message: break;
+    case Kind::Presence:
+      return hear(delivery.bytes);
+    case Kind::Lost:
+      return becomeAlone(QStringLiteral("the connection broke"));
+    case Kind::Closed:
+      return becomeAlone(QStringLiteral("it has closed the connection for good"));
+    case Kind::Back:
+      _isEchoed = true;
+      return _again.start();
+    case Kind::Message:
+      break;
   }
   // What comes by a subscription of before comes again by the present one.
   if (delivery.subscription != _subscription || delivery.sequence <= _lastReceived) return;
@@ -98,8 +104,12 @@ void Session::Parts::deliverFrame(const SessionFrame& frame, std::uint64_t seque
     case SessionFrame::Kind::Command:
       if (frame.sender != _id || !deliverOwn(frame, sequence)) deliverCommand(frame, sequence);
       break;
-    case SessionFrame::Kind::Script: deliverScript(frame, sequence); break;
-    case SessionFrame::Kind::Presence: _log.dropped(frame.senderName, "it is no command"); break;
+    case SessionFrame::Kind::Script:
+      deliverScript(frame, sequence);
+      break;
+    case SessionFrame::Kind::Presence:
+      _log.dropped(frame.senderName, "it is no command");
+      break;
   }
 }
 
@@ -146,10 +156,11 @@ void Session::Parts::deliverScript(const SessionFrame& frame, std::uint64_t sequ
 }
 
 void Session::Parts::refuseNewer(const SessionFrameReading& reading) {
-  const QString who = reading.frame.senderName.isEmpty() ? QStringLiteral("a partner")
-                                                         : reading.frame.senderName;
-  const QString reason = QStringLiteral("%1 is of a newer version: %2, here it is %3; this program "
-                                        "has to be updated")
+  const QString who =
+      reading.frame.senderName.isEmpty() ? QStringLiteral("a partner") : reading.frame.senderName;
+  const QString reason = QStringLiteral(
+                             "%1 is of a newer version: %2, here it is %3; this program "
+                             "has to be updated")
                              .arg(who, reading.reason)
                              .arg(kSessionVersion);
   _log.dropped(reading.frame.senderName, reason);

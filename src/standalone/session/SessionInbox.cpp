@@ -20,8 +20,8 @@ bool SessionInbox::isFullFor(const SessionDelivery& delivery) {
   if (delivery.kind == Kind::Presence) return _deliveries.size() >= kMostPresence;
   if (delivery.kind != Kind::Message) return false;
   if (delivery.subscription == _overflown) return true;
-  const bool isFull = _deliveries.size() >= kMostDeliveries ||
-                      _bytes + delivery.bytes.size() > kMostBytes;
+  const bool isFull =
+      _deliveries.size() >= kMostDeliveries || _bytes + delivery.bytes.size() > kMostBytes;
   if (isFull) _overflown = delivery.subscription;
   return isFull;
 }

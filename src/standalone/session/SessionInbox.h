@@ -31,9 +31,10 @@ struct SessionDelivery {
 };
 
 /**
- * Where the threads of the broker's client leave what they have, and the only thing that they touch;
- * the main thread takes it from there. It holds no more than it can: messages of the stream that find
- * it full are dropped, and with them all others of their subscription, so that the order holds.
+ * Where the threads of the broker's client leave what they have, and the only thing that they
+ * touch; the main thread takes it from there. It holds no more than it can: messages of the stream
+ * that find it full are dropped, and with them all others of their subscription, so that the order
+ * holds.
  */
 class SessionInbox : public QObject {
  public:

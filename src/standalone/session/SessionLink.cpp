@@ -115,9 +115,10 @@ void Session::Parts::becomeAlone(const QString& reason) {
   _isLinked = _isCatchingUp = _isEchoed = false;
   _subscription = 0;
   _owesBack = true;
-  kuLog::warning("Session: the broker at %s is lost (%s); what is done now goes to the partners "
-                 "when it is back",
-                 _options.address().toUtf8().constData(), reason.toUtf8().constData());
+  kuLog::warning(
+      "Session: the broker at %s is lost (%s); what is done now goes to the partners "
+      "when it is back",
+      _options.address().toUtf8().constData(), reason.toUtf8().constData());
   SessionEvent event{SessionEvent::Kind::BrokerLost};
   event.reason = reason;
   tell(event);

@@ -24,7 +24,8 @@ void SessionLog::dropped(const QString& sender, const QString& reason) {
     return;
   }
   const QString from = sender.isEmpty() ? QString() : QStringLiteral(" of %1").arg(sender);
-  const QString others = _untold == 0 ? QString() : QStringLiteral("; so were %1 others").arg(_untold);
+  const QString others =
+      _untold == 0 ? QString() : QStringLiteral("; so were %1 others").arg(_untold);
   const QString text = QStringLiteral("a message%1 was dropped: %2%3").arg(from, reason, others);
   kuLog::warning("Session: %s", oneLine(text.toStdString(), kLogReasonBytes).c_str());
   _hasTold = true;

@@ -11,7 +11,8 @@ constexpr int kUsualPort = 4222;
 constexpr qint64 kLongestSecret = 64 << 10;
 
 QUrl parsed(const QString& url) {
-  return url.contains("://") ? QUrl(url, QUrl::StrictMode) : QUrl("nats://" + url, QUrl::StrictMode);
+  return url.contains("://") ? QUrl(url, QUrl::StrictMode)
+                             : QUrl("nats://" + url, QUrl::StrictMode);
 }
 
 bool isKnownScheme(const QString& scheme) { return scheme == "nats" || scheme == "tls"; }
@@ -30,7 +31,8 @@ SessionOptions SessionOptions::at(const QString& address) {
 
 QString SessionOptions::fault() const {
   const QUrl address = parsed(url);
-  if (!address.isValid() || address.host().isEmpty()) return QStringLiteral("the address names no host");
+  if (!address.isValid() || address.host().isEmpty())
+    return QStringLiteral("the address names no host");
   if (!isKnownScheme(address.scheme())) {
     return QStringLiteral("the address begins with neither nats:// nor tls://");
   }
@@ -41,8 +43,10 @@ QString SessionOptions::fault() const {
     return QStringLiteral("the address has more than host and port");
   }
   if (session.isEmpty()) return QStringLiteral("the session has no name");
-  if (!token.isEmpty() && !user.isEmpty()) return QStringLiteral("both a user and a token are given");
-  if (user.isEmpty() && !password.isEmpty()) return QStringLiteral("a password is given and no user");
+  if (!token.isEmpty() && !user.isEmpty())
+    return QStringLiteral("both a user and a token are given");
+  if (user.isEmpty() && !password.isEmpty())
+    return QStringLiteral("a password is given and no user");
   return QString();
 }
 

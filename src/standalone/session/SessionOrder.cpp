@@ -22,7 +22,8 @@ bool SessionOrder::isFirst(const QUuid& id) {
   return true;
 }
 
-bool SessionOrder::keep(const QUuid& id, const QByteArray& subject, const QByteArray& bytes, bool isSent) {
+bool SessionOrder::keep(const QUuid& id, const QByteArray& subject, const QByteArray& bytes,
+                        bool isSent) {
   if (_kept.size() >= kMostKept || _keptBytes + bytes.size() > kMostKeptBytes) return false;
   _kept.push_back({id, subject, bytes, isSent, _partnersRan});
   _keptBytes += bytes.size();

@@ -26,8 +26,8 @@ Session::Parts::Outgoing Session::Parts::outgoing(SessionFrame::Kind kind, const
 bool Session::Parts::isTooLong(const Outgoing& out) const {
   if (out.bytes.size() <= _connection->mostBytes()) return false;
   const QString type = out.frame.type.isEmpty() ? QStringLiteral("Script") : out.frame.type;
-  kuLog::error("Session: %s of %d bytes is too long for the partners",
-               type.toUtf8().constData(), out.bytes.size());
+  kuLog::error("Session: %s of %d bytes is too long for the partners", type.toUtf8().constData(),
+               out.bytes.size());
   return true;
 }
 
@@ -46,9 +46,12 @@ void Session::Parts::push(const kuSessionCommand& pushed) {
   if (isTooLong(out)) return runHere(command);
   if (!mayPublish()) return runAlone(command, out, false);
   switch (publish(out)) {
-    case Publication::Stored: return awaitOwn(command, out);
-    case Publication::Unknown: return runAlone(command, out, false);
-    case Publication::Refused: return runHere(command);
+    case Publication::Stored:
+      return awaitOwn(command, out);
+    case Publication::Unknown:
+      return runAlone(command, out, false);
+    case Publication::Refused:
+      return runHere(command);
   }
 }
 
@@ -115,9 +118,15 @@ void Session::Parts::sendKept() {
 void Session::Parts::sendOneKept(KeptFrame& frame) {
   const QByteArray id = frame.id.toByteArray(QUuid::WithoutBraces);
   switch (_stream->publish(frame.subject, frame.bytes, id)) {
-    case Publication::Stored: frame.isSent = true; break;
-    case Publication::Unknown: becomeAlone(QStringLiteral("it does not answer")); break;
-    case Publication::Refused: _order.drop(frame.id); break;
+    case Publication::Stored:
+      frame.isSent = true;
+      break;
+    case Publication::Unknown:
+      becomeAlone(QStringLiteral("it does not answer"));
+      break;
+    case Publication::Refused:
+      _order.drop(frame.id);
+      break;
   }
 }
 

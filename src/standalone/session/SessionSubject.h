@@ -7,8 +7,8 @@
 
 namespace kuStandalone {
 
-/** Anything as one word of a subject: letters, digits and - _ ~ =; a long one by its hash. Different
- * texts give different words. */
+/** Anything as one word of a subject: letters, digits and - _ ~ =; a long one by its hash.
+ * Different texts give different words. */
 KUHOST_EXPORT QByteArray subjectWord(const QByteArray& text);
 
 /** The names under which a session is known to the broker. */

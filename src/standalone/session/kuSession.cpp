@@ -1,6 +1,5 @@
 #include "host/session/kuSession.h"
 
-#include "host/session/kuSessionClient.h"
 #include "host/session/kuSessionCommand.h"
 #include "standalone/session/Session.h"
 #include "standalone/session/SessionCommand.h"
@@ -30,9 +29,4 @@ void kuSession::block(unsigned type) {
 
 void kuSession::unblock(unsigned type) {
   if (Session* session = Session::present()) session->unblock(type);
-}
-
-bool kuSessionClient::isJoinCompleted() const {
-  const Session* session = Session::present();
-  return !session || session->isJoinCompleted();
 }

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QProcess>
+#include <QStringList>
+
+/** Somebody else in a session, in a process of their own. Everything that waits has a limit, and
+ * fails the test behind it. */
+class PartnerProcess {
+ public:
+  PartnerProcess(const QString& url, const QString& session, const QString& name);
+  ~PartnerProcess();
+  PartnerProcess(const PartnerProcess&) = delete;
+  PartnerProcess& operator=(const PartnerProcess&) = delete;
+
+  /** Tells the partner to do something, and waits until it is done. */
+  void tell(const QString& line);
+  /** Waits until the partner has printed so many such lines, since its start. */
+  bool waitFor(const QString& line, int count = 1);
+  /** What it has printed so far. */
+  QStringList printed();
+  /** What its commands did. */
+  QStringList notes();
+  /** Waits until it has that many notes, and answers them. */
+  QStringList notes(int count);
+  /** Ends it without a word. */
+  void kill();
+
+ private:
+  QProcess _process;
+  QStringList _lines;
+  QByteArray _rest;
+
+  void read();
+  int countOf(const QString& start) const;
+  bool waitForStart(const QString& start, int count);
+};
