@@ -37,7 +37,9 @@ int portIn(const QString& folder) {
 
 }  // namespace
 
-NatsBroker::NatsBroker(const QByteArray& configuration) : _configuration(configuration) { start(-1); }
+NatsBroker::NatsBroker(const QByteArray& configuration) : _configuration(configuration) {
+  start(-1);
+}
 
 NatsBroker::~NatsBroker() { kill(); }
 

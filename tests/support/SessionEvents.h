@@ -8,17 +8,23 @@
 inline QString eventText(const kuStandalone::SessionEvent& event) {
   using Kind = kuStandalone::SessionEvent::Kind;
   switch (event.kind) {
-    case Kind::Joined: return "joined";
-    case Kind::PartnerCame: return "came " + event.partner;
-    case Kind::PartnerLeft: return "left " + event.partner;
+    case Kind::Joined:
+      return "joined";
+    case Kind::PartnerCame:
+      return "came " + event.partner;
+    case Kind::PartnerLeft:
+      return "left " + event.partner;
     case Kind::CommandRan: {
       const QString who = event.own ? QString("own") : "of " + event.partner;
       const QString alone = event.sequence == 0 ? " alone" : "";
       return "ran " + event.command + " " + who + alone;
     }
-    case Kind::BrokerLost: return "lost";
-    case Kind::BrokerBack: return "back";
-    case Kind::Refused: return "refused " + event.partner;
+    case Kind::BrokerLost:
+      return "lost";
+    case Kind::BrokerBack:
+      return "back";
+    case Kind::Refused:
+      return "refused " + event.partner;
   }
   return {};
 }

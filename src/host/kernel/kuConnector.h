@@ -7,7 +7,8 @@ class KUHOST_EXPORT kuConnector {
  public:
   static kuConnector* the();
 
-  /** Whether script commands of a selection also go to the partners; handed to kuScript. */
+  /** Whether script commands of a selection also go to the partners: the user's own setting, handed
+   * to kuScript. It has no influence on the commands of kuSession. */
   bool syncVariants() const;
 
   kuConnector(const kuConnector&) = delete;

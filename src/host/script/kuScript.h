@@ -16,7 +16,8 @@ class KUHOST_EXPORT kuScript {
   static bool run(const char* code);
 
   /**
-   * Runs a script command. @param sync whether a session's partners run it too.
+   * Runs a script command. @param sync whether a session's partners run it too, if one is ready;
+   * each decides by itself how far it trusts the text.
    * Answers as run does.
    */
   static bool executeNUS(const char* code, bool sync);

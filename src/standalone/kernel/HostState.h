@@ -37,10 +37,10 @@ struct KUHOST_EXPORT HostState {
   std::uint64_t findCacheOpenings = 0;
   /** Calls of kuScenegraph::showNodes, those without nodes included. */
   std::uint64_t showNodesCalls = 0;
-  /** The answer of kuConnector::syncVariants. */
+  /** The answer of kuConnector::syncVariants: whether the script commands of a selection go to the
+   * partners of a session. The application's to set. */
   bool syncVariants = false;
-  /** Calls of kuScript::executeNUS, and the flag of the last one. There are no partners here, so
-   * the flag has no effect. */
+  /** Calls of kuScript::executeNUS, and the flag of the last one. */
   std::uint64_t scriptCommands = 0;
   bool lastScriptCommandSync = false;
   /** The application's main window; null while it has none. */

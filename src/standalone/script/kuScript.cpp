@@ -10,6 +10,7 @@
 #include "standalone/script/LogText.h"
 #include "standalone/script/ScriptInterpreter.h"
 #include "standalone/script/ScriptPolicy.h"
+#include "standalone/session/Session.h"
 
 namespace bp = boost::python;
 using namespace kuStandalone;
@@ -90,6 +91,7 @@ bool kuScript::executeNUS(const char* code, bool sync) {
   HostState& state = HostState::the();
   ++state.scriptCommands;
   state.lastScriptCommandSync = sync;
+  if (sync && Session::present()) Session::present()->pushScript(orEmpty(code));
   return run(code);
 }
 

@@ -133,7 +133,7 @@ SessionFrameReading readFrame(const QByteArray& bytes) {
   reading.frame.payload = readBlock(stream, kSessionFrameBytes);
   quint16 check = 0;
   stream >> check;
-  if (stream.status() != QDataStream::Ok) return broken("it is cut off");
+  if (stream.status() != QDataStream::Ok) return broken("it is damaged or cut off");
   if (!stream.atEnd()) return broken("something stands behind it");
   if (!checks(bytes)) return broken("its checksum is wrong");
   if (!isKind(kind)) return broken("its kind is unknown");

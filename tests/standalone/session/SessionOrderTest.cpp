@@ -1,31 +1,70 @@
-#include "SessionTest.h"
+#include <gtest/gtest.h>
 
-using ::testing::ElementsAre;
+#include "standalone/session/SessionOrder.h"
 
-TEST_F(SessionTest, ACommandHasRunHereWhenThePushReturns) {
-  join();
-  push("A", "1");
-  EXPECT_EQ(sessionNotes(), QStringList{"A=1"});
-  EXPECT_EQ(events, (QStringList{"joined", "ran Note own"}));
+using namespace kuStandalone;
+
+TEST(SessionOrderTest, AnIdIsTheFirstOnce) {
+  SessionOrder order;
+  const QUuid id = QUuid::createUuid();
+  EXPECT_TRUE(order.isFirst(id));
+  EXPECT_FALSE(order.isFirst(id));
+  EXPECT_TRUE(order.isFirst(QUuid::createUuid()));
 }
 
-TEST_F(SessionTest, PartnersRunACommandToo) {
-  join();
-  PartnerProcess ben(broker.url(), "review", "Ben");
-  ben.waitFor("joined");
-  push("A", "1");
-  EXPECT_EQ(ben.notes(1), QStringList{"A=1"});
+TEST(SessionOrderTest, TheLastHundredThousandIdsAreRemembered) {
+  SessionOrder order;
+  const QUuid first = QUuid::createUuid();
+  order.isFirst(first);
+  for (int count = 1; count < 100'000; ++count)
+    order.isFirst(QUuid::createUuid());
+  EXPECT_FALSE(order.isFirst(first));
+  order.isFirst(QUuid::createUuid());
+  EXPECT_TRUE(order.isFirst(first));
 }
 
-TEST_F(SessionTest, ALateJoinerRunsTheLastCommandOfEachTargetAndThenAllNewOnes) {
-  join();
-  push("A", "1");
-  push("B", "1");
-  push("A", "2");
-  PartnerProcess ben(broker.url(), "review", "Ben");
-  ben.waitFor("joined");
-  push("A", "3");
-  push("A", "4");
-  EXPECT_EQ(ben.notes(4),
-            (QStringList{"B=1 (joining)", "A=2 (joining)", "A=3", "A=4"}));
+TEST(SessionOrderTest, WhatWasKeptIsSentInItsOrder) {
+  SessionOrder order;
+  const QUuid one = QUuid::createUuid(), two = QUuid::createUuid();
+  order.keep(one, "s", "1", false);
+  order.keep(two, "s", "2", false);
+  EXPECT_EQ(order.unsent(), 2u);
+  ASSERT_TRUE(order.firstUnsent());
+  EXPECT_EQ(order.firstUnsent()->bytes, "1");
+  order.firstUnsent()->isSent = true;
+  EXPECT_EQ(order.firstUnsent()->bytes, "2");
+  order.drop(two);
+  EXPECT_EQ(order.firstUnsent(), nullptr);
+  EXPECT_EQ(order.unsent(), 0u);
+}
+
+TEST(SessionOrderTest, WhatRanAloneRunsAgainOnlyWhereAPartnerCameBetween) {
+  SessionOrder order;
+  const QUuid before = QUuid::createUuid(), after = QUuid::createUuid();
+  order.keep(before, "s", "1", true);
+  order.partnerRan();
+  order.keep(after, "s", "2", true);
+  EXPECT_EQ(order.runsAgain(before), true);
+  EXPECT_EQ(order.runsAgain(after), false);
+  EXPECT_EQ(order.runsAgain(after), std::nullopt);
+  EXPECT_EQ(order.runsAgain(QUuid::createUuid()), std::nullopt);
+}
+
+TEST(SessionOrderTest, NoMoreIsKeptThanCanBe) {
+  SessionOrder order;
+  for (int count = 0; count < 10'000; ++count)
+    ASSERT_TRUE(order.keep(QUuid::createUuid(), "s", "x", false));
+  EXPECT_FALSE(order.keep(QUuid::createUuid(), "s", "x", false));
+  EXPECT_EQ(order.unsent(), 10'000u);
+}
+
+TEST(SessionOrderTest, NoMoreBytesAreKeptThanCanBe) {
+  SessionOrder order;
+  const QByteArray megabyte(1 << 20, 'x');
+  QUuid id;
+  for (int count = 0; count < 64; ++count)
+    ASSERT_TRUE(order.keep(id = QUuid::createUuid(), "s", megabyte, false));
+  EXPECT_FALSE(order.keep(QUuid::createUuid(), "s", "x", false));
+  order.drop(id);
+  EXPECT_TRUE(order.keep(QUuid::createUuid(), "s", "x", false));
 }

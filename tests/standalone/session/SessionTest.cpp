@@ -20,9 +20,8 @@ kuStandalone::SessionOptions SessionTest::options(const QString& partner) const 
 }
 
 void SessionTest::join() {
-  Session::Joining joining = Session::join(options(), [this](const auto& event) {
-    events << eventText(event);
-  });
+  Session::Joining joining =
+      Session::join(options(), [this](const auto& event) { events << eventText(event); });
   ASSERT_TRUE(joining.session) << joining.error.toStdString();
   session = std::move(joining.session);
   waitUntil([this] { return session->status() == Session::Status::Joined; });
