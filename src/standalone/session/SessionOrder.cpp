@@ -41,15 +41,24 @@ std::size_t SessionOrder::unsent() const {
   return std::size_t(std::count_if(_kept.begin(), _kept.end(), isUnsent));
 }
 
-void SessionOrder::drop(const QUuid& id) { runsAgain(id); }
-
-std::optional<bool> SessionOrder::runsAgain(const QUuid& id) {
+std::optional<KeptFrame> SessionOrder::take(const QUuid& id) {
   const auto isIt = [&](const KeptFrame& frame) { return frame.id == id; };
   const auto found = std::find_if(_kept.begin(), _kept.end(), isIt);
   if (found == _kept.end()) return std::nullopt;
-  const bool again = found->partnersBefore != _partnersRan;
-  _keptBytes -= found->bytes.size();
+  KeptFrame taken = std::move(*found);
+  _keptBytes -= taken.bytes.size();
   _kept.erase(found);
+  return taken;
+}
+
+void SessionOrder::drop(const QUuid& id) { take(id); }
+
+std::optional<bool> SessionOrder::runsAgain(const QUuid& id) {
+  const std::optional<KeptFrame> frame = take(id);
+  if (!frame) return std::nullopt;
+  const bool again = frame->partnersBefore != _partnersRan;
+  // What ran alone behind it has its place behind it, and so has to run again as well.
+  if (again) ++_partnersRan;
   return again;
 }
 

@@ -44,8 +44,11 @@ class KUHOST_EXPORT SessionOrder {
   std::optional<bool> runsAgain(const QUuid& id);
 
  private:
+  std::optional<KeptFrame> take(const QUuid& id);
+
   std::set<QUuid> _seen;
   std::deque<QUuid> _seenInTurn;
+  /** Commands of partners, and our own that ran again. */
   std::uint64_t _partnersRan = 0;
   std::deque<KeptFrame> _kept;
   qint64 _keptBytes = 0;

@@ -83,8 +83,8 @@ TEST(SessionFrameTest, EveryFlippedBitIsBrokenOrANewerVersion) {
     QByteArray flipped = whole;
     flipped[bit / 8] = char(flipped[bit / 8] ^ (1 << bit % 8));
     const bool isVersion = bit / 8 == kVersionAt || bit / 8 == kVersionAt + 1;
-    const Status expected = isVersion && bit != 8 * (kVersionAt + 1) ? Status::Newer
-                                                                     : Status::Broken;
+    const Status expected =
+        isVersion && bit != 8 * (kVersionAt + 1) ? Status::Newer : Status::Broken;
     EXPECT_EQ(readFrame(flipped).status, expected) << "bit " << bit;
   }
 }
@@ -104,7 +104,8 @@ TEST(SessionFrameTest, EveryOtherByteIsBrokenOrANewerVersion) {
 TEST(SessionFrameTest, LengthsBeyondTheBytesAreNotBelieved) {
   for (const int at : {kNameLengthAt, kTypeLengthAt, kPayloadLengthAt}) {
     for (const quint32 length : {200u, 0x7fffffffu, 0x80000000u, 0xffffffffu, 2'000'000'000u})
-      EXPECT_EQ(reasonOf(changed(at, number(length))), "it is damaged or cut off") << at << " " << length;
+      EXPECT_EQ(reasonOf(changed(at, number(length))), "it is damaged or cut off")
+          << at << " " << length;
   }
 }
 

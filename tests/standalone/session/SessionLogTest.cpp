@@ -14,7 +14,8 @@ class SessionLogTest : public ::testing::Test {
  protected:
   SessionLog::Clock::time_point now = SessionLog::Clock::now();
   QStringList lines;
-  LogSink sink{[this](LogLevel, const std::string& text) { lines << QString::fromStdString(text); }};
+  LogSink sink{
+      [this](LogLevel, const std::string& text) { lines << QString::fromStdString(text); }};
 };
 
 }  // namespace
@@ -33,8 +34,9 @@ TEST_F(SessionLogTest, AMinuteLaterTheOthersAreCounted) {
   log.dropped("", "it is too long");
   now += std::chrono::seconds(1);
   log.dropped("", "it is cut off");
-  EXPECT_EQ(lines, (QStringList{"Session: a message was dropped: it is no frame",
-                                "Session: a message was dropped: it is cut off; so were 5 others"}));
+  EXPECT_EQ(lines,
+            (QStringList{"Session: a message was dropped: it is no frame",
+                         "Session: a message was dropped: it is cut off; so were 5 others"}));
 }
 
 TEST_F(SessionLogTest, TheEndTellsHowManyWereNotTold) {

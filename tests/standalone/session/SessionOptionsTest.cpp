@@ -112,6 +112,5 @@ TEST(SessionOptionsTest, ASecretIsTheWholeFileButForOneLineFeedAtTheEnd) {
 }
 
 TEST(SessionOptionsTest, ASecretThatCannotBeReadTellsWhy) {
-  EXPECT_EQ(readSecretFile("/nowhere/secret").error,
-            "/nowhere/secret: No such file or directory");
+  EXPECT_EQ(readSecretFile("/nowhere/secret").error, "/nowhere/secret: No such file or directory");
 }

@@ -38,15 +38,38 @@ TEST(SessionOrderTest, WhatWasKeptIsSentInItsOrder) {
   EXPECT_EQ(order.unsent(), 0u);
 }
 
-TEST(SessionOrderTest, WhatRanAloneRunsAgainOnlyWhereAPartnerCameBetween) {
+TEST(SessionOrderTest, WithNothingInBetweenWhatRanAloneDoesNotRunAgain) {
   SessionOrder order;
-  const QUuid before = QUuid::createUuid(), after = QUuid::createUuid();
-  order.keep(before, "s", "1", true);
+  const QUuid one = QUuid::createUuid(), two = QUuid::createUuid();
   order.partnerRan();
-  order.keep(after, "s", "2", true);
-  EXPECT_EQ(order.runsAgain(before), true);
-  EXPECT_EQ(order.runsAgain(after), false);
-  EXPECT_EQ(order.runsAgain(after), std::nullopt);
+  order.keep(one, "s", "1", true);
+  order.keep(two, "s", "2", true);
+  EXPECT_EQ(order.runsAgain(one), false);
+  EXPECT_EQ(order.runsAgain(two), false);
+}
+
+TEST(SessionOrderTest, WhatRanAloneRunsAgainOnceWhereAPartnerCameBehindIt) {
+  SessionOrder order;
+  const QUuid one = QUuid::createUuid();
+  order.keep(one, "s", "1", true);
+  order.partnerRan();
+  EXPECT_EQ(order.runsAgain(one), true);
+  EXPECT_EQ(order.runsAgain(one), std::nullopt);
+}
+
+// The broker's order is partner, one, two. Without this it would be partner, two, one here.
+TEST(SessionOrderTest, WhatRunsAgainMakesAllBehindItRunAgain) {
+  SessionOrder order;
+  const QUuid one = QUuid::createUuid(), two = QUuid::createUuid();
+  order.keep(one, "s", "1", true);
+  order.partnerRan();
+  order.keep(two, "s", "2", true);
+  EXPECT_EQ(order.runsAgain(one), true);
+  EXPECT_EQ(order.runsAgain(two), true);
+}
+
+TEST(SessionOrderTest, WhatDidNotRunAloneIsNotAmongIt) {
+  SessionOrder order;
   EXPECT_EQ(order.runsAgain(QUuid::createUuid()), std::nullopt);
 }
 

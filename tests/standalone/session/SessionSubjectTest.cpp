@@ -57,8 +57,21 @@ TEST(SessionSubjectTest, ALongTextGoesByItsHash) {
 
 TEST(SessionSubjectTest, DifferentTextsAreDifferentWords) {
   QSet<QByteArray> words;
-  const QByteArrayList texts = {"", "-", "=-", "=", "h", "=h", " ", "=20", "%20", ".", "=2E",
-                                "=2e", "a", "A", subjectWord(QByteArray(101, 'x')),
+  const QByteArrayList texts = {"",
+                                "-",
+                                "=-",
+                                "=",
+                                "h",
+                                "=h",
+                                " ",
+                                "=20",
+                                "%20",
+                                ".",
+                                "=2E",
+                                "=2e",
+                                "a",
+                                "A",
+                                subjectWord(QByteArray(101, 'x')),
                                 QByteArray(101, 'x')};
   for (const QByteArray& text : texts)
     words << subjectWord(text);
