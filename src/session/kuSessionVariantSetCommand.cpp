@@ -69,7 +69,6 @@ void kuSessionVariantSetCommand::read(QDataStream& stream) {
   qint32 cursor = 0, tables = 0;
   stream >> variantSetName >> cursor >> tables;
   animationCursor = cursor;
-  currentState.clear();
   if (!mayHold(stream, tables)) {
     stream.setStatus(QDataStream::ReadCorruptData);
     return;
