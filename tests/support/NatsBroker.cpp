@@ -37,7 +37,8 @@ int portIn(const QString& folder) {
 
 }  // namespace
 
-NatsBroker::NatsBroker(const QByteArray& configuration) : _configuration(configuration) {
+NatsBroker::NatsBroker(const QByteArray& configuration, bool hasJetStream)
+    : _configuration(configuration), _hasJetStream(hasJetStream) {
   start(-1);
 }
 
@@ -48,11 +49,13 @@ QString NatsBroker::address() const { return QStringLiteral("127.0.0.1:%1").arg(
 void NatsBroker::start(int port) {
   const QString folder = _folder.path();
   const QByteArray quoted = folder.toUtf8();
+  const QByteArray jetStream =
+      _hasJetStream ? "jetstream { store_dir: \"" + quoted + "/store\" }\n" : QByteArray();
   for (const QString& old : QDir(folder).entryList({"nats-server_*.ports"}, QDir::Files))
     QFile::remove(folder + "/" + old);
-  writeFile(folder + "/broker.conf",
-            "listen: \"127.0.0.1:" + QByteArray::number(port) + "\"\nports_file_dir: \"" + quoted +
-                "\"\njetstream { store_dir: \"" + quoted + "/store\" }\n" + _configuration);
+  writeFile(folder + "/broker.conf", "listen: \"127.0.0.1:" + QByteArray::number(port) +
+                                         "\"\nports_file_dir: \"" + quoted + "\"\n" + jetStream +
+                                         _configuration);
   const QByteArray file = (folder + "/broker.conf").toUtf8(), log = quoted + "/log";
   const pid_t parent = getpid();
   _process = fork();
@@ -97,6 +100,12 @@ void NatsBroker::wipe() {
   ASSERT_TRUE(QDir(_folder.path() + "/store").removeRecursively());
 }
 
-void NatsBroker::pause() { ::kill(_process, SIGSTOP); }
+void NatsBroker::pause() {
+  ::kill(_process, SIGSTOP);
+  // The signal takes a moment.
+  int status = 0;
+  waitpid(_process, &status, WUNTRACED);
+  ASSERT_TRUE(WIFSTOPPED(status));
+}
 
 void NatsBroker::resume() { ::kill(_process, SIGCONT); }

@@ -11,8 +11,8 @@
  */
 class NatsBroker {
  public:
-  /** @param configuration what the broker's file says beside address, port and store. */
-  explicit NatsBroker(const QByteArray& configuration = {});
+  /** @param configuration what the broker's file says beside address and port. */
+  explicit NatsBroker(const QByteArray& configuration = {}, bool hasJetStream = true);
   ~NatsBroker();
   NatsBroker(const NatsBroker&) = delete;
   NatsBroker& operator=(const NatsBroker&) = delete;
@@ -37,6 +37,7 @@ class NatsBroker {
 
   QTemporaryDir _folder;
   QByteArray _configuration;
+  bool _hasJetStream;
   int _process = 0;
   int _port = 0;
 };

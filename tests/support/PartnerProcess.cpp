@@ -1,6 +1,8 @@
 #include "support/PartnerProcess.h"
 
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -23,7 +25,8 @@ PartnerProcess::PartnerProcess(const QString& url, const QString& session, const
 
 PartnerProcess::~PartnerProcess() {
   _process.closeWriteChannel();
-  if (!_process.waitForFinished(kLimit)) ADD_FAILURE() << "the partner does not end";
+  const bool isOver = _process.state() == QProcess::NotRunning || _process.waitForFinished(kLimit);
+  EXPECT_TRUE(isOver) << "the partner does not end";
 }
 
 void PartnerProcess::read() {
@@ -40,11 +43,11 @@ int PartnerProcess::countOf(const QString& start) const {
   return int(std::count_if(_lines.begin(), _lines.end(), starts));
 }
 
-bool PartnerProcess::waitForStart(const QString& start, int count) {
+bool PartnerProcess::waitForStart(const QString& start, int count, bool isAlone) {
   QElapsedTimer time;
   for (time.start(); time.elapsed() < kLimit;) {
     // This process's own session goes on in the meantime.
-    QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    if (!isAlone) QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
     read();
     if (countOf(start) >= count) return true;
     if (_process.state() != QProcess::Running) break;
@@ -57,11 +60,13 @@ bool PartnerProcess::waitForStart(const QString& start, int count) {
 
 bool PartnerProcess::waitFor(const QString& line, int count) { return waitForStart(line, count); }
 
+void PartnerProcess::send(const QString& line) { _process.write(line.toUtf8() + '\n'); }
+
 void PartnerProcess::tell(const QString& line) {
   const QString done = line == "notes" ? "notes" : "done " + line.section(' ', 0, 0);
   read();
   const int before = countOf(done);
-  _process.write(line.toUtf8() + '\n');
+  send(line);
   waitForStart(done, before + 1);
 }
 
@@ -88,6 +93,21 @@ QStringList PartnerProcess::notes(int count) {
     present = notes();
   return present;
 }
+
+bool PartnerProcess::waitAlone(const QString& line, int count) {
+  return waitForStart(line, count, true);
+}
+
+void PartnerProcess::pause() {
+  const auto process = id_t(_process.processId());
+  ::kill(pid_t(process), SIGSTOP);
+  // The signal takes a moment; the process is QProcess's to wait for.
+  siginfo_t information = {};
+  waitid(P_PID, process, &information, WSTOPPED | WNOWAIT);
+  EXPECT_EQ(information.si_code, CLD_STOPPED);
+}
+
+void PartnerProcess::resume() { ::kill(pid_t(_process.processId()), SIGCONT); }
 
 void PartnerProcess::kill() {
   _process.kill();

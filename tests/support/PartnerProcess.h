@@ -14,6 +14,13 @@ class PartnerProcess {
 
   /** Tells the partner to do something, and waits until it is done. */
   void tell(const QString& line);
+  /** The same without waiting. */
+  void send(const QString& line);
+  /** It stands still: it is connected and answers nothing. */
+  void pause();
+  void resume();
+  /** As waitFor, and this process's own session stands still meanwhile. */
+  bool waitAlone(const QString& line, int count = 1);
   /** Waits until the partner has printed so many such lines, since its start. */
   bool waitFor(const QString& line, int count = 1);
   /** What it has printed so far. */
@@ -32,5 +39,5 @@ class PartnerProcess {
 
   void read();
   int countOf(const QString& start) const;
-  bool waitForStart(const QString& start, int count);
+  bool waitForStart(const QString& start, int count, bool isAlone = false);
 };

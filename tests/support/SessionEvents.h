@@ -37,5 +37,6 @@ inline kuStandalone::SessionOptions testOptions(const QString& url, const QStrin
   options.session = session;
   options.partner = partner;
   options.heartbeat = std::chrono::milliseconds(200);
+  options.acknowledgeTimeout = std::chrono::milliseconds(1000);
   return options;
 }

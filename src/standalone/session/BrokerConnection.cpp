@@ -91,10 +91,16 @@ QString textOf(natsStatus status) { return QString::fromUtf8(natsStatus_GetText(
 
 QString whyNotConnected(natsStatus status, const SessionOptions& options) {
   const QString at = QStringLiteral("the broker at %1 ").arg(options.address());
-  if (status == NATS_CONNECTION_AUTH_FAILED) return at + QStringLiteral("refuses user or password");
+  if (status == NATS_CONNECTION_AUTH_FAILED)
+    return at + QStringLiteral("refuses user, password or token");
   if (status == NATS_NO_SERVER) return at + QStringLiteral("cannot be reached");
   if (status == NATS_TIMEOUT) return at + QStringLiteral("does not answer");
   return at + QStringLiteral("cannot be used: %1").arg(textOf(status));
+}
+
+QString whyNotSet(natsStatus status, const SessionOptions& options) {
+  if (status != NATS_SSL_ERROR) return whyNotConnected(status, options);
+  return QStringLiteral("the certificates in %1 cannot be used").arg(options.caFile);
 }
 
 }  // namespace
@@ -134,7 +140,7 @@ QString BrokerConnection::open() {
   setCredentials(set, _parts->options);
   setEncryption(set, _parts->options);
   setCallbacks(set, _parts->inbox.get());
-  if (set.status != NATS_OK) return whyNotConnected(set.status, _parts->options);
+  if (set.status != NATS_OK) return whyNotSet(set.status, _parts->options);
 
   natsConnection* link = nullptr;
   const natsStatus status = natsConnection_Connect(&link, made);

@@ -156,18 +156,11 @@ void Session::Parts::deliverScript(const SessionFrame& frame, std::uint64_t sequ
 }
 
 void Session::Parts::refuseNewer(const SessionFrameReading& reading) {
-  const QString who =
-      reading.frame.senderName.isEmpty() ? QStringLiteral("a partner") : reading.frame.senderName;
-  const QString reason = QStringLiteral(
-                             "%1 is of a newer version: %2, here it is %3; this program "
-                             "has to be updated")
-                             .arg(who, reading.reason)
-                             .arg(kSessionVersion);
-  _log.dropped(reading.frame.senderName, reason);
+  _log.dropped(reading.frame.senderName, reading.reason);
   if (_refused.size() >= kMostRefused || !_refused.insert(reading.frame.sender).second) return;
   SessionEvent event{SessionEvent::Kind::Refused};
   event.partner = reading.frame.senderName;
-  event.reason = reason;
+  event.reason = reading.reason;
   tell(event);
 }
 

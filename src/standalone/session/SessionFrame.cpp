@@ -64,6 +64,16 @@ SessionFrameReading broken(const char* reason) {
   return reading;
 }
 
+SessionFrameReading newer(SessionFrameReading reading, int version) {
+  reading.status = SessionFrameReading::Status::Newer;
+  reading.reason = QStringLiteral(
+                       "it is of version %1 and this program of version %2: this program has to be "
+                       "updated")
+                       .arg(version)
+                       .arg(kSessionVersion);
+  return reading;
+}
+
 bool isKind(quint8 kind) { return kind >= 1 && kind <= 3; }
 
 bool checks(const QByteArray& bytes) {
@@ -121,10 +131,8 @@ SessionFrameReading readFrame(const QByteArray& bytes) {
   SessionFrameReading reading = readHead(stream, version);
   if (!reading.reason.isEmpty()) return reading;
   if (version > kSessionVersion) {
-    reading.status = SessionFrameReading::Status::Newer;
     if (stream.status() != QDataStream::Ok) reading.frame.senderName.clear();
-    reading.reason = QStringLiteral("its version is %1").arg(version);
-    return reading;
+    return newer(std::move(reading), version);
   }
   quint8 kind = 0;
   stream >> kind;

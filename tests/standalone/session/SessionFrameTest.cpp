@@ -136,7 +136,8 @@ TEST(SessionFrameTest, ANewerVersionTellsWhoSpeaksIt) {
   EXPECT_EQ(reading.status, Status::Newer);
   EXPECT_EQ(reading.frame.senderName, sample().senderName);
   EXPECT_EQ(reading.frame.sender, sample().sender);
-  EXPECT_EQ(reading.reason, "its version is 2");
+  EXPECT_EQ(reading.reason,
+            "it is of version 2 and this program of version 1: this program has to be updated");
 }
 
 TEST(SessionFrameTest, ANewerVersionOfAnotherFormHasNoName) {

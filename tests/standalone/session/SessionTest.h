@@ -8,11 +8,15 @@
 #include <memory>
 
 #include "host/session/kuSession.h"
+#include "standalone/kernel/LogSink.h"
 #include "standalone/session/Session.h"
 #include "support/NatsBroker.h"
 #include "support/PartnerProcess.h"
 #include "support/SessionEvents.h"
 #include "support/SessionNotes.h"
+
+/** How texts show where a comparison fails. */
+inline void PrintTo(const QString& text, std::ostream* out) { *out << text.toStdString(); }
 
 /** Fixture of the tests of a live session: a real broker, and this process as Ada. */
 class SessionTest : public ::testing::Test {
@@ -39,6 +43,11 @@ class SessionTest : public ::testing::Test {
   }
 
   NatsBroker broker;
+  /** Lines of the log. */
+  QStringList log;
+  kuStandalone::LogSink sink{[this](kuStandalone::LogLevel, const std::string& text) {
+    log << QString::fromStdString(text);
+  }};
   std::unique_ptr<kuStandalone::Session> session;
   /** What happened, each as eventText. */
   QStringList events;

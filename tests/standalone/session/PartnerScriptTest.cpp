@@ -1,0 +1,115 @@
+// Script texts for partners.
+
+#include "SessionTest.h"
+#include "host/script/kuScript.h"
+#include "script/HostileTexts.h"
+#include "standalone/script/ClippingSettings.h"
+#include "standalone/script/PartnerCommands.h"
+#include "standalone/script/ScriptPolicy.h"
+
+using namespace kuStandalone;
+
+namespace {
+
+class PartnerScriptTest : public SessionTest {
+ protected:
+  PartnerScriptTest() { ClippingSettings::the() = {}; }
+  ~PartnerScriptTest() override {
+    ClippingSettings::the() = {};
+    ScriptPolicy::allow(false);
+  }
+};
+
+}  // namespace
+
+TEST_F(PartnerScriptTest, CommandsOfAPartnerRun) {
+  join();
+  PartnerProcess ben(broker.url(), "review", "Ben");
+  ben.waitFor("joined");
+  ben.tell("script enableClippingPlane(True)");
+  waitFor("ran Script of Ben");
+  EXPECT_TRUE(ClippingSettings::the().enabled);
+}
+
+TEST_F(PartnerScriptTest, ASynchronousCommandRunsHereAndGoesToThePartners) {
+  join();
+  PartnerProcess ben(broker.url(), "review", "Ben");
+  ben.waitFor("joined");
+  EXPECT_TRUE(kuScript::executeNUS("enableClippingPlane(True)", true));
+  EXPECT_TRUE(ClippingSettings::the().enabled);
+  ben.waitFor("ran Script of Ada");
+  let(100);
+  EXPECT_EQ(events.filter("Script"), QStringList());
+}
+
+TEST_F(PartnerScriptTest, OneThatIsNotSynchronousStaysHere) {
+  join();
+  PartnerProcess ben(broker.url(), "review", "Ben");
+  ben.waitFor("joined");
+  EXPECT_TRUE(kuScript::executeNUS("enableClippingPlane(True)", false));
+  push("A", "1");
+  ben.notes(1);
+  EXPECT_EQ(ben.printed().filter("Script"), QStringList());
+}
+
+TEST_F(PartnerScriptTest, WhatIsNoCommandIsRefusedAlsoWhereScriptsMayRun) {
+  join();
+  PartnerProcess ben(broker.url(), "review", "Ben");
+  ben.waitFor("joined");
+  ScriptPolicy::allow(true);
+  ben.tell("script import os; enableClippingPlane(True)");
+  ben.tell("script x = enableClippingPlane(True)");
+  ben.tell("push A 1");
+  notes(1);
+  EXPECT_FALSE(ClippingSettings::the().enabled);
+  EXPECT_EQ(events.filter("Script"), QStringList());
+  ASSERT_EQ(log.size(), 1);
+  EXPECT_TRUE(log[0].startsWith("Session: a message of Ben was dropped: ")) << log[0].toStdString();
+}
+
+TEST_F(PartnerScriptTest, ALateJoinerDoesNotRunOldScripts) {
+  PartnerProcess ben(broker.url(), "review", "Ben");
+  ben.waitFor("joined");
+  ben.tell("script enableClippingPlane(True)");
+  ben.tell("push A 1");
+  join();
+  EXPECT_EQ(notes(1), QStringList{"A=1 (joining)"});
+  EXPECT_FALSE(ClippingSettings::the().enabled);
+  ben.tell("script setClippingHideScene(True)");
+  waitFor("ran Script of Ben");
+  EXPECT_TRUE(ClippingSettings::the().hideScene);
+}
+
+TEST_F(PartnerScriptTest, AScriptThatWasSentAloneGoesOutWhenTheBrokerIsBack) {
+  join();
+  PartnerProcess ben(broker.url(), "review", "Ben");
+  ben.waitFor("joined");
+  broker.kill();
+  waitFor("lost");
+  kuScript::executeNUS("enableClippingPlane(True)", true);
+  broker.restart();
+  ben.waitFor("ran Script of Ada");
+  waitFor("back");
+  EXPECT_EQ(events.filter("Script"), QStringList());
+}
+
+TEST(PartnerCommandsTest, HostileTextsDoNotRun) {
+  ScriptPolicy::allow(true);
+  for (const HostileText& hostile : hostileTexts()) {
+    const QByteArray text(hostile.text.data(), int(hostile.text.size()));
+    EXPECT_NE(runPartnerCommands(text), "") << hostile.name;
+  }
+  ScriptPolicy::allow(false);
+}
+
+TEST(PartnerCommandsTest, TellsWhyNothingRan) {
+  ClippingSettings::the() = {};
+  EXPECT_EQ(runPartnerCommands(QByteArray("enableClippingPlane(True)\0x", 27)),
+            "its text has a NUL");
+  EXPECT_EQ(runPartnerCommands("enableClippingPlane(").find("SyntaxError: "), 0u);
+  EXPECT_EQ(runPartnerCommands("enableClippingPlane()").find("it failed: "), 0u);
+  EXPECT_FALSE(ClippingSettings::the().enabled);
+  EXPECT_EQ(runPartnerCommands("enableClippingPlane(True)"), "");
+  EXPECT_TRUE(ClippingSettings::the().enabled);
+  ClippingSettings::the() = {};
+}
