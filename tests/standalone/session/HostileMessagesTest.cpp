@@ -27,9 +27,9 @@ class Stranger {
   Stranger& operator=(const Stranger&) = delete;
 
   void send(const QByteArray& subject, const QByteArray& bytes) {
-    EXPECT_EQ(natsConnection_Publish(_connection, subject.constData(), bytes.constData(),
-                                     bytes.size()),
-              NATS_OK);
+    EXPECT_EQ(
+        natsConnection_Publish(_connection, subject.constData(), bytes.constData(), bytes.size()),
+        NATS_OK);
     EXPECT_EQ(natsConnection_FlushTimeout(_connection, 10'000), NATS_OK);
   }
 
@@ -88,8 +88,13 @@ TEST_F(HostileMessagesTest, RubbishIsDroppedWithOneLineAndNothingChanges) {
   const QByteArray good = note("A", "1");
   const QString longText(300'000, 'x');
   const QByteArray payloads[] = {
-      QByteArray(), "x", QByteArray(1 << 19, '\0'), QByteArray(1 << 19, 'x'),
-      good.left(good.size() / 2), good + good, good.mid(1),
+      QByteArray(),
+      "x",
+      QByteArray(1 << 19, '\0'),
+      QByteArray(1 << 19, 'x'),
+      good.left(good.size() / 2),
+      good + good,
+      good.mid(1),
       writeFrame(frameOf("Nonsense", streamOf(QString("A"), QString("1")))),
       writeFrame(frameOf("", streamOf(QString("A"), QString("1")))),
       writeFrame(frameOf("Note", {})),
@@ -98,12 +103,12 @@ TEST_F(HostileMessagesTest, RubbishIsDroppedWithOneLineAndNothingChanges) {
       writeFrame(frameOf("Note", streamOf(quint32(0x7ffffffe)))),
       writeFrame(frameOf("SelectVariant", streamOf(QString("A")))),
       writeFrame(frameOf("SelectVariantSet", streamOf(QString("A"), qint32(0), qint32(-1)))),
-      writeFrame(frameOf("SelectVariantSet",
-                         streamOf(QString("A"), qint32(0), qint32(2'000'000'000)))),
+      writeFrame(
+          frameOf("SelectVariantSet", streamOf(QString("A"), qint32(0), qint32(2'000'000'000)))),
       writeFrame(frameOf("SelectVariantSet",
                          streamOf(QString("A"), qint32(0), qint32(5), qint32(2'000'000'000)))),
-      writeFrame(frameOf("SelectVariantSet",
-                         streamOf(QString("A"), qint32(0), qint32(1), qint32(-1)))),
+      writeFrame(
+          frameOf("SelectVariantSet", streamOf(QString("A"), qint32(0), qint32(1), qint32(-1)))),
       writeFrame(frameOf("SelectVariantSet", streamOf(longText, qint32(0), qint32(1))))};
   for (const QByteArray& bytes : payloads)
     stranger.send(anywhere, bytes);
@@ -193,7 +198,8 @@ class HugeMessagesTest : public ::testing::Test {
 
 TEST_F(HugeMessagesTest, TenMegabytesAreDroppedWhereTheyArrive) {
   QStringList log;
-  const LogSink sink([&](LogLevel, const std::string& text) { log << QString::fromStdString(text); });
+  const LogSink sink(
+      [&](LogLevel, const std::string& text) { log << QString::fromStdString(text); });
   const Session::Joining joining = Session::join(testOptions(broker.url(), "review", "Ada"), {});
   ASSERT_TRUE(joining.session);
   const SessionSubject subject("review");

@@ -106,7 +106,7 @@ TEST(PartnerCommandsTest, TellsWhyNothingRan) {
   ClippingSettings::the() = {};
   EXPECT_EQ(runPartnerCommands(QByteArray("enableClippingPlane(True)\0x", 27)),
             "its text has a NUL");
-  EXPECT_EQ(runPartnerCommands("enableClippingPlane(").find("SyntaxError: "), 0u);
+  EXPECT_EQ(runPartnerCommands("enableClippingPlane(").find("line 1: SyntaxError: "), 0u);
   EXPECT_EQ(runPartnerCommands("enableClippingPlane()").find("it failed: "), 0u);
   EXPECT_FALSE(ClippingSettings::the().enabled);
   EXPECT_EQ(runPartnerCommands("enableClippingPlane(True)"), "");

@@ -58,14 +58,17 @@ class SilentPort {
 class Certificates {
  public:
   explicit Certificates(const QByteArray& subject) {
-    write("authority.cnf", "[req]\ndistinguished_name=dn\nx509_extensions=v3\nprompt=no\n"
-                           "[dn]\nCN=Test authority\n[v3]\nbasicConstraints=critical,CA:TRUE\n");
+    write("authority.cnf",
+          "[req]\ndistinguished_name=dn\nx509_extensions=v3\nprompt=no\n"
+          "[dn]\nCN=Test authority\n[v3]\nbasicConstraints=critical,CA:TRUE\n");
     write("broker.cnf", "subjectAltName=" + subject + "\n");
-    openssl("req -x509 -newkey rsa:2048 -nodes -days 2 -config authority.cnf -keyout ca.key "
-            "-out ca.pem");
+    openssl(
+        "req -x509 -newkey rsa:2048 -nodes -days 2 -config authority.cnf -keyout ca.key "
+        "-out ca.pem");
     openssl("req -newkey rsa:2048 -nodes -subj /CN=broker -keyout broker.key -out broker.csr");
-    openssl("x509 -req -in broker.csr -CA ca.pem -CAkey ca.key -CAcreateserial -days 2 "
-            "-extfile broker.cnf -out broker.pem");
+    openssl(
+        "x509 -req -in broker.csr -CA ca.pem -CAkey ca.key -CAcreateserial -days 2 "
+        "-extfile broker.cnf -out broker.pem");
   }
   QString authority() const { return _folder.filePath("ca.pem"); }
   /** The broker's configuration. */
@@ -117,7 +120,8 @@ TEST(SessionAccessTest, ATokenOpensToo) {
 
 TEST(SessionAccessTest, WhereNobodyListensTheSessionCannotBeReached) {
   const SilentPort port;
-  EXPECT_EQ(errorOf(testOptions(port.url(), "review", "Ada")), "the broker at AT cannot be reached");
+  EXPECT_EQ(errorOf(testOptions(port.url(), "review", "Ada")),
+            "the broker at AT cannot be reached");
 }
 
 TEST(SessionAccessTest, WhoTakesTheConnectionAndSaysNothingIsNotWaitedForLong) {
