@@ -53,8 +53,8 @@ TEST_F(Converters, ListsAndTuplesOfTextsAreTaken) {
 }
 
 TEST_F(Converters, WhatIsNoListOfTextsIsAnError) {
-  for (const char* value : {"'text'", "None", "['a', 1]", "[b'a']", "{'a'}", "{'a': 1}", "1",
-                            "iter(['a'])"}) {
+  for (const char* value :
+       {"'text'", "None", "['a', 1]", "[b'a']", "{'a'}", "{'a': 1}", "1", "iter(['a'])"}) {
     log.clear();
     EXPECT_FALSE(kuScript::run(("ran(" + std::string(value) + ")").c_str())) << value;
     EXPECT_THAT(log, ElementsAre(HasSubstr("line 1: ArgumentError: "))) << value;

@@ -104,17 +104,17 @@ TEST_F(HandleClasses, ChangesStandInBrackets) {
 
 TEST_F(HandleClasses, EveryChoiceOfASwitchCanBeSet) {
   for (const int choice : {-2, -1, 0, 1}) {
-    EXPECT_TRUE(kuScript::run(
-        ("findNode('Roof').setChoice(" + std::to_string(choice) + ")").c_str()));
+    EXPECT_TRUE(
+        kuScript::run(("findNode('Roof').setChoice(" + std::to_string(choice) + ")").c_str()));
     EXPECT_EQ(scene.choice(roof), choice);
   }
 }
 
 TEST_F(HandleClasses, ChoiceThatThereIsNotIsAnIndexErrorAndChangesNothing) {
   const std::string before = dumpScene(Scene::the());
-  for (const char* text : {"findNode('Roof').setChoice(2)", "findNode('Roof').setChoice(-3)",
-                           "findMaterial('Paint').setChoice(2)",
-                           "findMaterial('Paint').setChoice(-1)"}) {
+  for (const char* text :
+       {"findNode('Roof').setChoice(2)", "findNode('Roof').setChoice(-3)",
+        "findMaterial('Paint').setChoice(2)", "findMaterial('Paint').setChoice(-1)"}) {
     log.clear();
     EXPECT_FALSE(kuScript::run(text)) << text;
     EXPECT_THAT(log, ElementsAre(HasSubstr("line 1: IndexError: a switch "))) << text;
