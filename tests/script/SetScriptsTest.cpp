@@ -130,13 +130,16 @@ TEST_F(SetScripts, ErrorsOfASetWithinAnotherNameTheInnerOne) {
   inner->setScript("unknown()");
   select("selectVariantSet('T\xC3\xBCr \"A\"\\n')\nunknown()");
   const std::string reason = "NameError: name 'unknown' is not defined";
-  EXPECT_THAT(log, ElementsAre("error: script of set \"T\xC3\xBCr \"A\"\" failed: line 1: " + reason,
-                               "error: script of set \"Blue\" failed: line 2: " + reason));
+  EXPECT_THAT(log,
+              ElementsAre("error: script of set \"T\xC3\xBCr \"A\"\" failed: line 1: " + reason,
+                          "error: script of set \"Blue\" failed: line 2: " + reason));
   expectTheRestActed();
 }
 
 TEST_F(SetScripts, TextsAreUtf8BothWays) {
-  select("blue.setName('T\xC3\xBCr \xF0\x9F\x98\x80')\nran = blue.getName() == 'T\xC3\xBCr \xF0\x9F\x98\x80'");
+  select(
+      "blue.setName('T\xC3\xBCr \xF0\x9F\x98\x80')\nran = blue.getName() == 'T\xC3\xBCr "
+      "\xF0\x9F\x98\x80'");
   EXPECT_EQ(answer("ran"), "True");
   EXPECT_TRUE(kuVariants::findVariantSet(QString::fromUtf8("T\xC3\xBCr \xF0\x9F\x98\x80")));
   expectTheRestActed();
@@ -153,8 +156,9 @@ TEST_F(SetScripts, LoneSurrogateOfTheScriptsTextIsAQuestionMark) {
 TEST_F(SetScripts, PrintToTheErrorStreamInTheirOrder) {
   ::testing::internal::CaptureStdout();
   ::testing::internal::CaptureStderr();
-  select("import sys\nprint('one')\nprint('tw\xC3\xB6', file=sys.stderr)\nprint('a\\ud800')\n"
-         "sys.stdout.write('end')");
+  select(
+      "import sys\nprint('one')\nprint('tw\xC3\xB6', file=sys.stderr)\nprint('a\\ud800')\n"
+      "sys.stdout.write('end')");
   EXPECT_EQ(::testing::internal::GetCapturedStderr(), "one\ntw\xC3\xB6\na\\ud800\nend");
   EXPECT_EQ(::testing::internal::GetCapturedStdout(), "");
   EXPECT_THAT(log, IsEmpty());
@@ -196,17 +200,19 @@ INSTANTIATE_TEST_SUITE_P(Streams, SetScriptStreams, ::testing::ValuesIn(kStreams
 
 TEST_F(SetScripts, StartThreadsWhoseErrorsAreToldOnTheErrorStream) {
   ::testing::internal::CaptureStderr();
-  select("import threading\ndef work(): raise ValueError('in a thread')\n"
-         "t = threading.Thread(target=work)\nt.start()\nt.join()");
+  select(
+      "import threading\ndef work(): raise ValueError('in a thread')\n"
+      "t = threading.Thread(target=work)\nt.start()\nt.join()");
   EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("ValueError: in a thread"));
   EXPECT_THAT(log, IsEmpty());
   expectTheRestActed();
 }
 
 TEST_F(SetScripts, StartThreadsThatGoOnWhileLaterScriptsRun) {
-  select("import threading\ngo = threading.Event()\nran = []\n"
-         "def work():\n  go.wait(30)\n  ran.append(1)\n"
-         "t = threading.Thread(target=work, daemon=True)\nt.start()");
+  select(
+      "import threading\ngo = threading.Event()\nran = []\n"
+      "def work():\n  go.wait(30)\n  ran.append(1)\n"
+      "t = threading.Thread(target=work, daemon=True)\nt.start()");
   expectTheRestActed();
   EXPECT_EQ(answer("ran"), "[]");
   EXPECT_TRUE(run("go.set()\nt.join(30)"));
@@ -217,8 +223,9 @@ TEST_F(SetScripts, StartThreadsThatGoOnWhileLaterScriptsRun) {
 TEST_F(SetScripts, StartAThreadThatSelectsAnotherSet) {
   kuVariantSet* other = kuVariants::createVariantSet("Other", false, nullptr);
   other->setScript("ran = 1");
-  select("import threading\nt = threading.Thread(target=selectVariantSet, args=('Other',))\n"
-         "t.start()\nt.join(30)");
+  select(
+      "import threading\nt = threading.Thread(target=selectVariantSet, args=('Other',))\n"
+      "t.start()\nt.join(30)");
   EXPECT_EQ(answer("ran"), "1");
   EXPECT_THAT(log, IsEmpty());
   expectTheRestActed();
