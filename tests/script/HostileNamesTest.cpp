@@ -117,8 +117,9 @@ const Name kText[] = {
     {"FormFeed", "a\fran=1"},
     {"Tab", "a\tb"},
     {"RightToLeft", "a\xE2\x80\xAE b"},
-    {"ByteOrderMark", "\xEF\xBB\xBF"
-                      "Blue"},
+    {"ByteOrderMark",
+     "\xEF\xBB\xBF"
+     "Blue"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Names, NamesLikeText, ::testing::ValuesIn(kText),
