@@ -6,7 +6,8 @@
  */
 inline constexpr const char* allScriptUses[] = {
     "assert repr(Vec3f(1, 2, 3)) == 'Vec3f(1, 2, 3)'",
-    "assert list(Pnt3f(0, 0, z=1)) == [0, 0, 1] and Pnt3f() != Pnt3f(1, 0, 0) and len(Pnt3f()) == 3",
+    "assert list(Pnt3f(0, 0, z=1)) == [0, 0, 1] and Pnt3f() != Pnt3f(1, 0, 0) and len(Pnt3f()) == "
+    "3",
     "try: Vec3f()[3]\nexcept IndexError: pass\nelse: assert False",
     "assert findNode('Paint') == findNodePath('Paint') and not findNode('None')",
     "assert len(set(findNodes('Paint'))) == 1",
