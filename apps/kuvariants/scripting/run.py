@@ -3,7 +3,6 @@
 import atexit
 import code
 import io
-import linecache
 import os
 import signal
 import sys
@@ -111,10 +110,7 @@ def guarded(work):
 
 def run_text(text, path, names):
     name = "<stdin>" if path == "-" else path
-    if path == "-":
-        # For the lines of a trace.
-        linecache.cache[name] = len(text), None, text.splitlines(True), name
-    else:
+    if path != "-":
         names["__file__"] = path
 
     def compiled():
