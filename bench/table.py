@@ -1,17 +1,17 @@
 """Prints the ratios of a run of the benchmarks.
 
-Usage: table.py SELECTION.json READING.json WRITING.json UPKEEP.json PICTURES.json CAPTURE.json,
-all written with --benchmark_format=json.
+Usage: table.py FOLDER, with the figures of each benchmark in FOLDER/NAMEBench.json as
+--benchmark_format=json writes them.
 """
 
 import json
 import sys
+from pathlib import Path
 from statistics import median
 
 
 def load(path):
-    with open(path, encoding="utf-8") as file:
-        return json.load(file)["benchmarks"]
+    return json.loads(path.read_text(encoding="utf-8"))["benchmarks"]
 
 
 def print_selection(runs):
@@ -102,10 +102,25 @@ def print_capture(runs):
         print(f"{sets:>9} sets, {changed:>5} materials changed {figures[name]['real_time']:8.0f}")
 
 
+def print_script(runs):
+    figures = {run["name"]: run["calls_per_second"] for run in runs}
+    print("\nSelecting a set by a script, beside the same call from C++, thousand calls per second")
+    print(f"{'':16} {'C++':>9} {'compiled':>9} {'script':>9} {'command':>9}   C++ / compiled")
+    for title, name in (("unknown name", "Unknown"), ("three states", "Small")):
+        cpp, compiled, script, command = (figures[f"{way}/{name}"] / 1e3
+                                          for way in ("cpp", "compiled", "script", "command"))
+        print(f"{title:16} {cpp:9.1f} {compiled:9.1f} {script:9.1f} {command:9.1f}"
+              f"   {cpp / compiled:14.2f}")
+
+
+def main():
+    folder = Path(sys.argv[1])
+    tables = {"selection": print_selection, "reading": print_reading, "writing": print_writing,
+              "upkeep": print_upkeep, "render": print_pictures, "capture": print_capture,
+              "script": print_script}
+    for name, table in tables.items():
+        table(load(folder / f"{name}Bench.json"))
+
+
 if __name__ == "__main__":
-    print_selection(load(sys.argv[1]))
-    print_reading(load(sys.argv[2]))
-    print_writing(load(sys.argv[3]))
-    print_upkeep(load(sys.argv[4]))
-    print_pictures(load(sys.argv[5]))
-    print_capture(load(sys.argv[6]))
+    main()

@@ -20,5 +20,5 @@ install(FILES
 install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 # In a folder of their own, as in the sources: so the links of the README lead to them.
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR}
-  FILES_MATCHING PATTERN "*.md" PATTERN "*.xsd" PATTERN "*.jpg")
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.xsd" PATTERN "*.jpg" PATTERN "*.pyi")
 install(FILES docs/kuvariants.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

@@ -7,8 +7,8 @@ Run it after a change and commit what it wrote; the same program gives the same 
 
 from pathlib import Path
 
+from make_gltf import Gltf, looking, turned
 from make_meshes import Shape, arc, box, cylinder, extrude
-from make_sample import Gltf, looking, turned
 
 HERE = Path(__file__).resolve().parent
 FRONT = 0.06
@@ -99,8 +99,7 @@ def make_view(gltf):
 
 
 def scene(paint):
-    gltf = Gltf()
-    gltf.json["asset"]["generator"] = "make_radio.py"
+    gltf = Gltf("make_radio.py")
     gltf.json["extensionsUsed"] = ["KHR_lights_punctual"]
     del gltf.json["extensions"]["KHR_materials_variants"]
     make_materials(gltf)

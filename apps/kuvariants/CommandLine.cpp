@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cstring>
 
 #include "Commands.h"
 #include "Failure.h"
@@ -18,15 +19,43 @@ bool needsMark(const std::string& argument) {
   return argument.empty() || isList;
 }
 
+bool takesValue(const std::string& argument) {
+  return argument == "--trace" || argument == "--save-scene";
+}
+
+bool isOption(const std::string& argument) {
+  return argument.size() > 1 && argument.front() == '-';
+}
+
+/**
+ * Where the command "run" has its SCRIPT; the number of arguments if it is not there. As with
+ * Python, everything behind it belongs to the script, be it written as an option.
+ */
+int indexOfScript(int argc, char** argv) {
+  constexpr int commandSceneDocument = 3;
+  int found = 0;
+  for (int i = 1; i < argc && std::strcmp(argv[i], "--") != 0; ++i) {
+    if (takesValue(argv[i])) {
+      ++i;
+    } else if (!isOption(argv[i])) {
+      if (found == 0 && std::strcmp(argv[i], "run") != 0) return argc;
+      if (found++ == commandSceneDocument) return i;
+    }
+  }
+  return argc;
+}
+
 /**
  * In reverse, as the library wants them. Behind "--" everything is an argument and no option: the
  * library loses that where the arguments before it would have been enough.
  */
 std::vector<std::string> argumentsOf(int argc, char** argv) {
   std::vector<std::string> arguments;
+  const int script = indexOfScript(argc, argv);
   bool argumentsOnly = false;
   for (int i = 1; i < argc; ++i) {
     const std::string argument = argv[i];
+    argumentsOnly = argumentsOnly || i >= script;
     if (!argumentsOnly && argument == "--") {
       argumentsOnly = true;
     } else {
@@ -73,6 +102,7 @@ void describe(CLI::App& app, Invocation& invocation) {
   addCaptureCommand(app, invocation);
   addSelectCommand(app, invocation);
   addRenderCommand(app, invocation);
+  addRunCommand(app, invocation);
   addVerifyCommand(app, invocation);
   addOptimizeCommand(app, invocation);
   for (CLI::App* command : app.get_subcommands({}))

@@ -38,6 +38,10 @@ struct Invocation {
   kuStandalone::PictureSettings picture = usualPicture;
   /** File for the report of the command. */
   std::optional<std::string> saveReport;
+  /** File with a script of the user's own. */
+  std::optional<std::string> script;
+  /** Where results go; set before the command runs. */
+  Output* output = nullptr;
   /** What the command does once the inputs are loaded. */
   std::function<Outcome(const Invocation&)> run;
 };

@@ -17,6 +17,7 @@ void addCreateCommand(CLI::App& app, Invocation& invocation);
 void addCaptureCommand(CLI::App& app, Invocation& invocation);
 void addSelectCommand(CLI::App& app, Invocation& invocation);
 void addRenderCommand(CLI::App& app, Invocation& invocation);
+void addRunCommand(CLI::App& app, Invocation& invocation);
 void addVerifyCommand(CLI::App& app, Invocation& invocation);
 void addOptimizeCommand(CLI::App& app, Invocation& invocation);
 

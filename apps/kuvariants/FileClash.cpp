@@ -18,7 +18,7 @@ struct NamedFile {
   std::string path;
   bool written;
   /** What may stand in the place of what. */
-  enum class Content { Scene, Document, Report, Trace, Picture, Sheet } content;
+  enum class Content { Scene, Document, Script, Report, Trace, Picture, Sheet } content;
 };
 
 using Content = NamedFile::Content;
@@ -30,6 +30,7 @@ std::vector<NamedFile> filesOf(const Invocation& invocation) {
     if (path) files.push_back({role, *path, written, content});
   };
   add("DOCUMENT", invocation.document, false, Content::Document);
+  add("SCRIPT", invocation.script, false, Content::Script);
   add("--save-scene", invocation.saveScene, true, Content::Scene);
   add(invocation.documentOption, invocation.saveDocument, true, Content::Document);
   add("-o", invocation.saveReport, true, Content::Report);

@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include <atomic>
+#include <cerrno>
 #include <csignal>
 #include <initializer_list>
 
@@ -10,12 +12,27 @@ namespace {
 
 volatile std::sig_atomic_t deferring = 0;
 volatile std::sig_atomic_t pending = 0;
+volatile std::sig_atomic_t isPassedOn = 0;
+std::atomic<void (*)()> presentReceiver{nullptr};
 
 [[noreturn]] void leave(int signal) { _exit(128 + signal); }
 
+void tell(void (*receiver)()) {
+  const int error = errno;
+  isPassedOn = 1;
+  receiver();
+  errno = error;
+}
+
 void onSignal(int signal) {
-  if (!deferring) leave(signal);
-  pending = signal;
+  void (*const receiver)() = presentReceiver;
+  if (deferring) {
+    pending = signal;
+  } else if (signal == SIGINT && receiver && !isPassedOn) {
+    tell(receiver);
+  } else {
+    leave(signal);
+  }
 }
 
 void takeOver(int signal) {
@@ -34,6 +51,20 @@ void install() {
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
 }
+
+void passOn(void (*receiver)()) {
+  presentReceiver = receiver;
+  isPassedOn = 0;
+  takeOver(SIGINT);
+}
+
+void taken() { isPassedOn = 0; }
+
+void leaveInterrupted() { leave(SIGINT); }
+
+AtOnce::AtOnce() : _receiver(presentReceiver.exchange(nullptr)) {}
+
+AtOnce::~AtOnce() { presentReceiver = _receiver; }
 
 Deferred::Deferred() { deferring = 1; }
 

@@ -9,6 +9,30 @@ namespace Interrupt {
  */
 void install();
 
+/**
+ * Ctrl-C goes to a receiver and does not end the process, unless a second one comes before the
+ * first was taken. The receiver runs in the handler of the signal. Null ends that.
+ */
+void passOn(void (*receiver)());
+
+/** What was passed on arrived. */
+void taken();
+
+/** Ends the process as Ctrl-C does. */
+[[noreturn]] void leaveInterrupted();
+
+/** Has Ctrl-C end the process at once for a while, though there is a receiver. */
+class AtOnce {
+ public:
+  AtOnce();
+  ~AtOnce();
+  AtOnce(const AtOnce&) = delete;
+  AtOnce& operator=(const AtOnce&) = delete;
+
+ private:
+  void (*_receiver)();
+};
+
 /** Holds the signals back while files are being put in place, so that none is left half done. */
 class Deferred {
  public:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -18,4 +19,8 @@ struct Outcome {
   /** What goes to the file of Invocation::saveReport. */
   std::string report;
   ExitCode code = ExitCode::Done;
+  /** The exit code of a script, in the place of that. */
+  std::optional<int> scriptCode;
+  /** No file is written for a script that failed. */
+  bool isComplete = true;
 };

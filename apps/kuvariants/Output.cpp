@@ -48,6 +48,8 @@ Output::~Output() {
   if (_descriptor >= 0) close(_descriptor);
 }
 
+bool Output::giveBack() { return _descriptor >= 0 && dup2(_descriptor, STDOUT_FILENO) >= 0; }
+
 void Output::write(const std::string& text) {
   const int error = writeAll(_descriptor, text);
   if (error == 0) return;

@@ -16,6 +16,12 @@ class Output {
   Output(const Output&) = delete;
   Output& operator=(const Output&) = delete;
 
+  /**
+   * Ends that for a script of the user's own: what prints to standard output reaches it. Answers
+   * false where there is none.
+   */
+  bool giveBack();
+
   /** Writes the text, or throws a Failure. */
   void write(const std::string& text);
 

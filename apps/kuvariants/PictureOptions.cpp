@@ -12,8 +12,6 @@ using kuStandalone::PictureSettings;
 
 namespace {
 
-constexpr int mostPixels = 16384;
-constexpr int mostSamples = 65536;
 constexpr int jpegQuality = 90;
 
 /** A number of digits alone, from 1 to @p most, or 0. */

@@ -10,6 +10,10 @@ class App;
 class Option;
 }  // namespace CLI
 
+/** The most that may be asked for: in each direction, and rays through each pixel. */
+constexpr int mostPixels = 16384;
+constexpr int mostSamples = 65536;
+
 /** How pictures are unless the command line says otherwise. */
 constexpr kuStandalone::PictureSettings usualPicture{800, 600, 32, 0};
 

@@ -29,23 +29,8 @@ QStringList optionsOf(const kuVariant& variant) {
   return names;
 }
 
-[[noreturn]] void failUnknown(const std::string& what, const std::string& where,
-                              const QString& name, const QStringList& existing) {
-  std::string reason = "there is none of that name";
-  const QStringList near = nearestNames(name, existing);
-  if (!near.empty()) reason += "; did you mean \"" + near.join("\" or \"").toStdString() + "\"?";
-  throw Failure{ExitCode::NameUnknown, what, where, reason};
-}
-
-kuVariant& existingVariant(const StateRequest& request) {
-  if (kuVariant* variant = request.kind->find(request.variant)) return *variant;
-  failUnknown("unknown variant",
-              std::string(request.kind->name) + ':' + request.variant.toStdString(),
-              request.variant, namesOf(request.kind->variants()));
-}
-
 void checkState(const StateRequest& request) {
-  const kuVariant& variant = existingVariant(request);
+  const kuVariant& variant = existingVariant(*request.kind, request.variant);
   if (hasState(*request.kind, variant, request.state)) return;
   failUnknown("unknown state",
               std::string(request.kind->name) + ':' + request.variant.toStdString() + '=' +
@@ -100,6 +85,14 @@ QString presentViewpoint() { return QString::fromStdString(Scene::the().activeVi
 
 }  // namespace
 
+void failUnknown(const std::string& what, const std::string& where, const QString& name,
+                 const QStringList& existing) {
+  std::string reason = "there is none of that name";
+  const QStringList near = nearestNames(name, existing);
+  if (!near.empty()) reason += "; did you mean \"" + near.join("\" or \"").toStdString() + "\"?";
+  throw Failure{ExitCode::NameUnknown, what, where, reason};
+}
+
 kuVariantSet& existingSet(const QString& name) {
   if (kuVariantSet* set = kuVariants::findVariantSet(name)) return *set;
   failUnknown("unknown set", name.toStdString(), name, namesOf(kuVariants::getVariantSets()));
@@ -130,6 +123,17 @@ void activateSet(const QString& name, bool skipViewpoint, bool restoreMaterials)
   kuVariants::selectVariantSet(name.toUtf8().constData(), skipViewpoint);
 }
 
+kuVariant& existingVariant(const Kind& kind, const QString& name) {
+  if (kuVariant* variant = kind.find(name)) return *variant;
+  failUnknown("unknown variant", std::string(kind.name) + ':' + name.toStdString(), name,
+              namesOf(kind.variants()));
+}
+
+void selectOne(const StateRequest& request) {
+  checkState(request);
+  existingVariant(*request.kind, request.variant).select(request.state);
+}
+
 SelectionReport selectAll(const SelectOptions& options) {
   checkNames(options);
   if (options.restoreMaterials && !options.useDefaults) warnWhereNotRestored(options.sets);
@@ -143,7 +147,7 @@ SelectionReport selectAll(const SelectOptions& options) {
     report.sets += set;
   }
   for (const StateRequest& request : options.states) {
-    existingVariant(request).select(request.state);
+    existingVariant(*request.kind, request.variant).select(request.state);
     report.states.push_back(request);
   }
   report.variants = compare(before);

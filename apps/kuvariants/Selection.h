@@ -47,6 +47,10 @@ struct SelectionReport {
   std::uint64_t scriptsHeldBack = 0;
 };
 
+/** Throws the Failure for a name that does not exist, with the nearest of those that do. */
+[[noreturn]] void failUnknown(const std::string& what, const std::string& where,
+                              const QString& name, const QStringList& existing);
+
 /** The set of that name, or throws a Failure with the nearest names. */
 kuVariantSet& existingSet(const QString& name);
 
@@ -64,6 +68,12 @@ QString temporarySetName();
  * of the temporary set's name.
  */
 void warnWhereNotRestored(const std::vector<QString>& sets);
+
+/** The variant that a request names, or throws a Failure with the nearest names. */
+kuVariant& existingVariant(const Kind& kind, const QString& name);
+
+/** Puts one variant into a state. Throws a Failure for a variant or a state that does not exist. */
+void selectOne(const StateRequest& request);
 
 /** Checks every name, then selects. Throws a Failure for a name that does not exist. */
 SelectionReport selectAll(const SelectOptions& options);

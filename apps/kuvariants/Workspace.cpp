@@ -1,6 +1,7 @@
 #include "Workspace.h"
 
 #include <QFile>
+#include <algorithm>
 #include <limits>
 #include <string_view>
 
@@ -72,7 +73,9 @@ void savePresentScene(const std::string& path) {
   }
   const SceneSaveResult result = saveScene(Scene::the(), path);
   if (result.status == SceneSaveResult::Status::Saved) return;
-  throw Failure{ExitCode::OutputNotWritten, "cannot write", result.error, ""};
+  // The error begins with the file.
+  const std::size_t reason = std::min(path.size() + 2, result.error.size());
+  throw Failure{ExitCode::OutputNotWritten, "cannot write", path, result.error.substr(reason)};
 }
 
 /** The picture of the present scene; made before signals are held back, since it takes a while. */
@@ -83,6 +86,15 @@ std::string presentPicture(const Invocation& invocation) {
   return pictureFile(picture, *invocation.savePicture).toStdString();
 }
 
+void writeWhole(const std::string& path, const std::string& content) {
+  const Interrupt::Deferred untilInPlace;
+  OutputFile file(path);
+  file.prepare(content);
+  file.put();
+}
+
+Workspace* living = nullptr;
+
 std::string presentDocument() { return kuVariantWriter().write().toStdString(); }
 
 }  // namespace
@@ -91,6 +103,7 @@ Workspace::Workspace(const CommonOptions& options)
     : _application(qtArguments().count, qtArguments().values),
       _log([this](LogLevel level, const std::string& text) { log(level, text); }),
       _tracePath(options.trace) {
+  living = this;
   ScriptPolicy::allow(options.allowScripts);
   if (_tracePath) _trace = std::make_unique<MessageTrace>();
 }
@@ -98,6 +111,7 @@ Workspace::Workspace(const CommonOptions& options)
 Workspace::~Workspace() {
   _trace.reset();
   kuController::call("clearAllVariants", 1);
+  living = nullptr;
 }
 
 void Workspace::log(LogLevel level, const std::string& text) {
@@ -120,11 +134,27 @@ void Workspace::loadScene(const std::string& path) {
   Scene::install(std::move(result.scene));
 }
 
-void Workspace::loadDocument(const std::string& path) {
-  const QByteArray text = readWhole(path);
+void Workspace::loadDocument(const std::string& path) { readDocument(readWhole(path), path); }
+
+void Workspace::readDocument(const QByteArray& text, const std::string& path) {
+  _readError.clear();
   kuVariantReader().read(text.constData());
   if (_readError.empty()) return;
   throw Failure{ExitCode::InputNotValid, "cannot read document", path, _readError};
+}
+
+Workspace& Workspace::present() { return *living; }
+
+void Workspace::writeDocument(const std::string& path) { writeWhole(path, presentDocument()); }
+
+void Workspace::writeScene(const std::string& path) {
+  const Interrupt::Deferred untilInPlace;
+  savePresentScene(path);
+}
+
+void Workspace::writePicture(const std::string& path, const PictureSettings& settings) {
+  OutputFile::check(path);
+  writeWhole(path, pictureFile(takePicture(settings), path).toStdString());
 }
 
 void Workspace::save(const Invocation& invocation, const Outcome& outcome) {

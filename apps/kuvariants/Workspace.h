@@ -23,11 +23,22 @@ class Workspace {
   Workspace(const Workspace&) = delete;
   Workspace& operator=(const Workspace&) = delete;
 
+  /** The one that lives. */
+  static Workspace& present();
+
   /** Loads a scene in the place of the present one, or throws a Failure. */
   void loadScene(const std::string& path);
 
   /** Reads a variants document into the manager, or throws a Failure. */
   void loadDocument(const std::string& path);
+  /** The same for a document's text. @param path where it came from, for the Failure. */
+  void readDocument(const QByteArray& text, const std::string& path);
+
+  // A file each, written whole or not at all; a Failure where that cannot be done.
+  void writeDocument(const std::string& path);
+  void writeScene(const std::string& path);
+  /** Of the present scene. */
+  void writePicture(const std::string& path, const kuStandalone::PictureSettings& settings);
 
   /**
    * Writes the trace, and the present scene, a picture of it, the variants document and the report

@@ -12,19 +12,20 @@
 
 namespace {
 
-ExitCode run(int argc, char** argv) {
+int run(int argc, char** argv) {
   Output output;
   Invocation invocation;
-  if (!readCommandLine(argc, argv, invocation, output)) return ExitCode::Done;
+  if (!readCommandLine(argc, argv, invocation, output)) return static_cast<int>(ExitCode::Done);
+  invocation.output = &output;
   refuseClashes(invocation);
   Workspace workspace(invocation.common);
   workspace.loadScene(invocation.scene);
   if (invocation.document) workspace.loadDocument(*invocation.document);
   const Outcome outcome = invocation.run(invocation);
-  workspace.save(invocation, outcome);
+  if (outcome.isComplete) workspace.save(invocation, outcome);
   output.write(outcome.text);
   writeAll(STDERR_FILENO, outcome.remarks);
-  return outcome.code;
+  return outcome.scriptCode.value_or(static_cast<int>(outcome.code));
 }
 
 std::string lineOf(const Failure& failure) {
@@ -37,15 +38,13 @@ std::string lineOf(const Failure& failure) {
 
 int main(int argc, char** argv) {
   Interrupt::install();
-  ExitCode code = ExitCode::Done;
   try {
-    code = run(argc, argv);
+    return run(argc, argv);
   } catch (const Failure& failure) {
     printDiagnostic(lineOf(failure));
-    code = failure.code;
+    return static_cast<int>(failure.code);
   } catch (const std::exception& error) {
     printDiagnostic(std::string("cannot go on: ") + error.what());
-    code = ExitCode::InputNotValid;
+    return static_cast<int>(ExitCode::InputNotValid);
   }
-  return static_cast<int>(code);
 }

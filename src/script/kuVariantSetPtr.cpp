@@ -1,5 +1,7 @@
 #include "script/kuVariantSetPtr.h"
 
+#include <array>
+
 #include "manager/kuVariants.h"
 #include "model/kuUtf8.h"
 #include "model/kuVariantSet.h"
@@ -7,9 +9,11 @@
 
 namespace {
 
-/** The bytes of the text that was asked for last: Python copies them when the call has returned. */
+/** Python copies the bytes when the call has returned; C++ may hold those of several calls. */
 char const* keep(const QString& text) {
-  static QByteArray bytes;
+  static std::array<QByteArray, kuVariantSetPtr::lastingTexts> kept;
+  static std::size_t next = 0;
+  QByteArray& bytes = kept[next++ % kept.size()];
   bytes = text.toUtf8();
   return bytes.constData();
 }

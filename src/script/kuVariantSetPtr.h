@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -15,11 +16,14 @@ class kuVariantSet;
  * nothing and is not told when the set is removed, and must not be used after that. Without a set,
  * which is how it starts, nothing happens and every answer is empty.
  *
- * Texts are UTF-8. An answered text lasts until the next one is asked for, of whatever set. Main
- * thread only.
+ * Texts are UTF-8. The texts that were answered last, of whatever sets, can be read at once; older
+ * ones are gone. Main thread only.
  */
 class KUVARIANTS_EXPORT kuVariantSetPtr {
  public:
+  /** How many answered texts last. */
+  static constexpr std::size_t lastingTexts = 8;
+
   kuVariantSetPtr() = default;
   kuVariantSetPtr(kuVariantSet* set) : variantSet(set) {}
 

@@ -1,7 +1,8 @@
-"""Holds the libraries to what the C interface of Python 3.7 has.
+"""Holds libraries and executables to what the C interface of Python 3.7 has.
 
-Usage: check_python_symbols.py LIST LIBRARY... The list has one symbol per line, "#" for comments.
-Fails on every symbol of Python that a library imports and the list does not have.
+Usage: check_python_symbols.py LIST BINARY... The list has one symbol per line, "#" for comments.
+Fails on every symbol of Python that a binary imports and the list does not have, and
+on a binary that imports none.
 """
 
 import re
@@ -16,8 +17,8 @@ ADVICE = """Python 3.7 has to have each of them, and with the same meaning. For 
 2. If 3.7 has it, add it to the list. If not, use something else."""
 
 
-def imported_symbols(library):
-    table = subprocess.run(["nm", "--dynamic", "--undefined-only", library],
+def imported_symbols(binary):
+    table = subprocess.run(["nm", "--dynamic", "--undefined-only", binary],
                            check=True, capture_output=True, text=True).stdout
     names = (line.split()[-1].split("@")[0] for line in table.splitlines() if line.strip())
     return {name for name in names if re.match(r"_?Py", name)}
@@ -30,14 +31,14 @@ def kept_symbols(page):
 
 def main():
     kept = kept_symbols(Path(sys.argv[1]))
-    used = {library: imported_symbols(library) for library in sys.argv[2:]}
-    complaints = [f"{Path(library).name} imports {name}, which {sys.argv[1]} does not have"
-                  for library, names in used.items() for name in sorted(names - kept)]
+    used = {binary: imported_symbols(binary) for binary in sys.argv[2:]}
+    complaints = [f"{Path(binary).name} imports {name}, which {sys.argv[1]} does not have"
+                  for binary, names in used.items() for name in sorted(names - kept)]
     if complaints:
         complaints.append(ADVICE)
-    for library, names in used.items():
+    for binary, names in used.items():
         if not names:
-            complaints.append(f"{library}: no symbol of Python was found")
+            complaints.append(f"{binary}: no symbol of Python was found")
     print("\n".join(complaints) or f"{len(set().union(*used.values()))} symbols, all of Python 3.7")
     return 1 if complaints else 0
 

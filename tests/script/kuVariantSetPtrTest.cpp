@@ -1,5 +1,6 @@
 #include "script/kuVariantSetPtr.h"
 
+#include <array>
 #include <type_traits>
 
 #include "VariantsScriptTest.h"
@@ -7,6 +8,7 @@
 #include "model/kuVariantGroup.h"
 #include "model/kuVariantSet.h"
 #include "support/ManagerDump.h"
+#include "support/MessageReceiver.h"
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -54,6 +56,51 @@ TEST_F(kuVariantSetPtrTest, AnsweredTextsLastUntilPythonHasThem) {
   set->addValue("key", "value");
   EXPECT_EQ(answer("(s.getName(), s.getScript(), s.getValue('key'), s.getHotkey(), s.getName())"),
             "('" + longName + "', 'pass', 'value', '', '" + longName + "')");
+}
+
+/** Each is compared when all are answered. */
+TEST_F(kuVariantSetPtrTest, AnsweredTextsOfSeveralSetsCanBeHeldAtOnce) {
+  kuVariantSetPtr a(set);
+  kuVariantSetPtr b(kuVariants::createVariantSet("B", false, nullptr));
+  a.addScript("pass");
+  b.setHotkeyString("F5");
+  b.setValue("key", "value");
+  const std::array<char const*, kuVariantSetPtr::lastingTexts> texts = {
+      a.getName(),   b.getName(),       a.getScript(),        b.getScript(),
+      b.getHotkey(), b.getValue("key"), b.getValue("absent"), a.getName()};
+  EXPECT_THAT(std::vector<std::string>(texts.begin(), texts.end()),
+              ElementsAre("A", "B", "pass", "", "F5", "value", "", "A"));
+}
+
+/** The receiver asks for texts in the midst of the call. */
+TEST_F(kuVariantSetPtrTest, AnsweredTextOfOneSetCanNameAnother) {
+  kuVariantSetPtr a(set);
+  kuVariantSetPtr b(kuVariants::createVariantSet("B", false, nullptr));
+  std::string heard;
+  const MessageReceiver receiver(
+      "variantSetRenamed", [&](kuMessage&) { heard = std::string(a.getName()) + b.getName(); });
+  b.setName(("long " + std::string(a.getName())).c_str());
+  a.setName(b.getName());
+  EXPECT_EQ(heard, "long Along A");
+  EXPECT_TRUE(run("s.setName(s.getName() + '|' + s.getName())"));
+  EXPECT_EQ(set->getName(), "long A|long A");
+}
+
+TEST_F(kuVariantSetPtrTest, TextWithoutUtf8IsAnErrorAndChangesNothing) {
+  for (const char* text : {"s.setName('\\ud800')", "s.addScript('a\\udfffb')",
+                           "s.setValue('\\ud800', '')", "s.getValue('\\ud800')"}) {
+    EXPECT_FALSE(run(text)) << text;
+    EXPECT_THAT(lastError(), StartsWith("UnicodeEncodeError: ")) << text;
+  }
+  EXPECT_EQ(set->getName(), "A");
+  EXPECT_EQ(set->getScript(), "");
+  EXPECT_TRUE(set->getValues().empty());
+}
+
+/** A surrogate without its other half, which a document cannot hold either. */
+TEST_F(kuVariantSetPtrTest, NameWithoutUtf8IsAnsweredWithASign) {
+  set->setName(QString("A") + QChar(0xD800) + "B");
+  EXPECT_EQ(answer("s.getName()"), "A?B");
 }
 
 TEST_F(kuVariantSetPtrTest, HotkeyStringIsStoredAsItIs) {

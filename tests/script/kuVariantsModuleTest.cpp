@@ -9,8 +9,6 @@
 
 using namespace kuStandalone;
 using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::StartsWith;
 
@@ -230,23 +228,5 @@ TEST_F(ModuleCommands, AreNoWayToTheModuleOrTheClass) {
   EXPECT_EQ(ScriptPolicy::refusalCount(), 6u);
   EXPECT_EQ(choice(), 0);
 }
-
-class NamesLikeCode : public ModuleCommands, public ::testing::WithParamInterface<const char*> {};
-
-/** The name stands in the text that the activation runs. */
-TEST_P(NamesLikeCode, OfASetRunNothingWhenItIsActivated) {
-  kuVariantSet* set = kuVariants::createVariantSet(GetParam(), false, nullptr);
-  set->add(kuVariants::findNodeVariant("Paint"), "Blue");
-  kuVariants::activateCapturedVariantSet(GetParam());
-  EXPECT_EQ(choice(), 0);
-  EXPECT_EQ(ScriptPolicy::refusalCount(), 1u);
-  EXPECT_THAT(log, ElementsAre(HasSubstr("script not run, scripts are not allowed: ")));
-  ScriptPolicy::allow(true);
-  EXPECT_EQ(answer("'ran' in globals()"), "False");
-}
-
-INSTANTIATE_TEST_SUITE_P(Names, NamesLikeCode,
-                         ::testing::Values("');import os as ran#", "');import os", "It's", "'",
-                                           "\\", "a\nb", "'+str(ran)+'", "')\nran=1\n('"));
 
 }  // namespace

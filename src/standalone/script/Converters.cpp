@@ -1,4 +1,5 @@
 #include <boost/python.hpp>
+#include <new>
 #include <vector>
 
 #include "standalone/script/HostFunctions.h"
@@ -24,9 +25,46 @@ struct TextsToList {
   }
 };
 
+using Texts = std::vector<std::string>;
+
+/** A text is a sequence too, but no list of texts. */
+bool isSequenceOfTexts(PyObject* value) {
+  if (!PyList_Check(value) && !PyTuple_Check(value)) return false;
+  for (Py_ssize_t i = 0; i < PySequence_Size(value); ++i) {
+    const bp::handle<> entry(PySequence_GetItem(value, i));
+    if (!PyUnicode_Check(entry.get())) return false;
+  }
+  return true;
+}
+
+void* ifTexts(PyObject* value) { return isSequenceOfTexts(value) ? value : nullptr; }
+
+/** Lone surrogates are Python's UnicodeEncodeError. */
+void makeTexts(PyObject* value, bp::converter::rvalue_from_python_stage1_data* data) {
+  Texts texts;
+  for (Py_ssize_t i = 0; i < PySequence_Size(value); ++i) {
+    const bp::handle<> entry(PySequence_GetItem(value, i));
+    Py_ssize_t size = 0;
+    const char* bytes = PyUnicode_AsUTF8AndSize(entry.get(), &size);
+    if (!bytes) throw bp::error_already_set();
+    texts.emplace_back(bytes, static_cast<std::size_t>(size));
+  }
+  using Storage = bp::converter::rvalue_from_python_storage<Texts>;
+  void* place = reinterpret_cast<Storage*>(data)->storage.bytes;
+  data->convertible = new (place) Texts(std::move(texts));
+}
+
 }  // namespace
 
-void defineConverters() { bp::to_python_converter<std::vector<std::string>, TextsToList>(); }
+void defineConverters() {
+  bp::to_python_converter<Texts, TextsToList>();
+  bp::converter::registry::push_back(ifTexts, makeTexts, bp::type_id<Texts>());
+}
+
+void throwIndexError(const char* text) {
+  PyErr_SetString(PyExc_IndexError, text);
+  throw bp::error_already_set();
+}
 
 std::string handleText(const char* className, bool valid, const std::string& name) {
   if (!valid) return std::string("<") + className + " without an object>";

@@ -20,11 +20,14 @@ void defineNodeClass();
 /** kuMaterialPtr. */
 void defineMaterialClass();
 
-/** std::vector<std::string> is a list to Python. */
+/** std::vector<std::string> is a list to Python, and a list or a tuple of texts is one to C++. */
 void defineConverters();
 
 /** The repr of a handle: its class and name. */
 std::string handleText(const char* className, bool valid, const std::string& name);
+
+/** Ends the call with Python's IndexError. */
+[[noreturn]] void throwIndexError(const char* text);
 
 /** Setting and reading of the clipping. */
 void defineClippingFunctions();

@@ -3,6 +3,7 @@
 #include "host/osg/EditCP.h"
 #include "host/osg/Switch.h"
 #include "standalone/scene/SceneNode.h"
+#include "standalone/script/HandleClass.h"
 #include "standalone/script/HostFunctions.h"
 
 namespace bp = boost::python;
@@ -10,6 +11,9 @@ namespace bp = boost::python;
 namespace kuStandalone {
 
 namespace {
+
+/** The least choice that a switch knows. */
+constexpr int kAllChildren = -2;
 
 std::string nodeName(const kuNodePtr& node) {
   return node.isValid() ? SceneNode::of(node.getNode()).name() : std::string();
@@ -30,6 +34,8 @@ bp::object choice(const kuNodePtr& node) {
 void setChoice(const kuNodePtr& node, int choice) {
   const osg::SwitchPtr core = switchOf(node);
   if (!core) return;
+  if (choice < kAllChildren || choice >= static_cast<long>(node.getNode()->getNChildren()))
+    throwIndexError("a switch has the choices -2 for all, -1 for none, and its children's indices");
   const osg::EditCP edit(core, osg::SwitchBase::ChoiceFieldMask);
   core->setChoice(choice);
 }
@@ -40,6 +46,10 @@ bp::list children(const kuNodePtr& node) {
   for (const osg::NodePtr& child : SceneNode::of(node.getNode()).children())
     nodes.append(kuNodePtr(child));
   return nodes;
+}
+
+kuNodePtr parent(const kuNodePtr& node) {
+  return node.isValid() ? kuNodePtr(node.getNode()->getParent()) : kuNodePtr();
 }
 
 std::string representation(const kuNodePtr& node) {
@@ -56,8 +66,13 @@ void setNodeActive(const kuNodePtr& node, bool active) {
 
 void defineNodeClass() {
   const bp::scope globals{bp::import("__main__")};
-  bp::class_<kuNodePtr>("kuNodePtr", "A node of the scene, or none.")
-      .def("isValid", &kuNodePtr::isValid, bp::arg("self"), "Whether it holds a node.")
+  bp::class_<kuNodePtr> nodeClass(
+      "kuNodePtr",
+      "A node of the scene, or none. Without a node it is false, answers nothing and does nothing. "
+      "Those of the same node are equal. It keeps its node, also one that the scene has no "
+      "longer.");
+  defineIdentity(nodeClass);
+  nodeClass.def("isValid", &kuNodePtr::isValid, bp::arg("self"), "Whether it holds a node.")
       .def("getName", nodeName, bp::arg("self"), "The node's name; empty without a node.")
       .def("getActive", nodeActive, bp::arg("self"),
            "The node's visibility flag; False without a node.")
@@ -67,9 +82,13 @@ void defineNodeClass() {
            "The index of the child that a switch shows, -1 for none, -2 for all; None if the node "
            "is no switch.")
       .def("setChoice", setChoice, (bp::arg("self"), bp::arg("choice")),
-           "Sets which child a switch shows; nothing happens if the node is no switch.")
+           "Sets which child a switch shows, -1 for none, -2 for all; nothing happens if the node "
+           "is "
+           "no switch. IndexError for a child that there is not.")
       .def("getChildren", children, bp::arg("self"),
            "The nodes right below it, as a list; empty without a node.")
+      .def("getParent", parent, bp::arg("self"),
+           "The node right above it; a kuNodePtr that is not valid at the top.")
       .def("__repr__", representation);
 }
 

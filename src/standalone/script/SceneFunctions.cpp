@@ -48,6 +48,13 @@ kuMaterialPtr findMaterial(const std::string& name) {
   return kuMaterials::findMaterial(name.c_str());
 }
 
+bp::list findMaterials(const std::string& name) {
+  bp::list materials;
+  for (const kuMaterialPtr& material : kuMaterials::findMaterials(name.c_str()))
+    materials.append(material);
+  return materials;
+}
+
 void activateRenderLayerState(const std::string& name) {
   std::vector<RenderLayerPtr> layers;
   for (const auto& [id, node] : Scene::the().nodes.layered)
@@ -76,6 +83,8 @@ void defineSceneFunctions() {
           "All nodes of that name, clones included, as a list.");
   bp::def("findMaterial", findMaterial, bp::arg("name"),
           "The first material of that name; a kuMaterialPtr that is not valid if there is none.");
+  bp::def("findMaterials", findMaterials, bp::arg("name"),
+          "All materials of that name, as a list.");
   defineCommand("findNodePath", findNodePath, bp::arg("path"),
                 "The node of that path: the names from below the scene's root down to the node, "
                 "joined by \"/\". A kuNodePtr that is not valid, and a warning, if there is none.");

@@ -83,8 +83,8 @@ void ScriptInterpreter::start() {
 }
 
 bp::object ScriptInterpreter::globals() {
-  // Kept: a script may put another module in the place of the main one.
-  static PyObject* const names = PyModule_GetDict(PyImport_AddModule("__main__"));
+  // Kept, and never let go: a script may take the main module away or put another in its place.
+  static PyObject* const names = bp::incref(PyModule_GetDict(PyImport_AddModule("__main__")));
   return bp::object(bp::handle<>(bp::borrowed(names)));
 }
 

@@ -42,10 +42,7 @@ std::string representation(const bp::object& self) {
 /** An index as Python counts it, from behind if negative. */
 std::size_t checkedIndex(long index) {
   const long fromFront = index < 0 ? index + 3 : index;
-  if (fromFront < 0 || fromFront > 2) {
-    PyErr_SetString(PyExc_IndexError, "a vector has the indices 0 to 2");
-    bp::throw_error_already_set();
-  }
+  if (fromFront < 0 || fromFront > 2) throwIndexError("a vector has the indices 0 to 2");
   return static_cast<std::size_t>(fromFront);
 }
 
