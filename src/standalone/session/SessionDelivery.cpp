@@ -31,24 +31,26 @@ bool Session::Parts::isHeld() {
 }
 
 void Session::Parts::wake() {
-  if (_isDelivering || CommandRun::isRunning()) return;
-  take();
+  // A command that runs may have an event loop of its own.
+  if (_isDelivering || CommandRun::isRunning()) return _again.start();
+  takeNews();
   if (!_isLinked && _isEchoed) tryAgain();
   deliver();
+  fetchDropped();
   sendKept();
   tellBack();
 }
 
-void Session::Parts::take() {
-  for (SessionDelivery& delivery : _inbox->takeAll())
-    receive(std::move(delivery));
+void Session::Parts::takeNews() {
+  for (const SessionDelivery& news : _inbox->takeNews())
+    receive(news);
 }
 
-void Session::Parts::receive(SessionDelivery delivery) {
+void Session::Parts::receive(const SessionDelivery& news) {
   using Kind = SessionDelivery::Kind;
-  switch (delivery.kind) {
+  switch (news.kind) {
     case Kind::Presence:
-      return hear(delivery.bytes);
+      return hear(news.bytes);
     case Kind::Lost:
       return becomeAlone(QStringLiteral("the connection broke"));
     case Kind::Closed:
@@ -57,36 +59,43 @@ void Session::Parts::receive(SessionDelivery delivery) {
       _isEchoed = true;
       return _again.start();
     case Kind::Message:
-      break;
+      return;
   }
-  // What comes by a subscription of before comes again by the present one.
-  if (delivery.subscription != _subscription || delivery.sequence <= _lastReceived) return;
-  _lastReceived = delivery.sequence;
-  _waiting.push_back(std::move(delivery));
 }
 
 void Session::Parts::deliver() {
   if (_isDelivering) return;
   const Flag delivering(_isDelivering);
-  while (!_waiting.empty() && !(_awaited && _awaited->hasRun)) {
-    if (!deliverFirst()) return;
+  while (!(_awaited && _awaited->hasRun)) {
+    const std::optional<SessionDelivery> delivery = _inbox->firstMessage();
+    if (!delivery || !deliverFirst(*delivery)) return;
   }
 }
 
-bool Session::Parts::deliverFirst() {
-  const SessionFrameReading reading = readFrame(_waiting.front().bytes);
+/** What came by a subscription of before comes again by the present one. */
+bool Session::Parts::isPassed(const SessionDelivery& delivery) const {
+  return delivery.subscription != _subscription || delivery.sequence <= _lastSequence;
+}
+
+bool Session::Parts::deliverFirst(const SessionDelivery& delivery) {
+  const SessionFrameReading reading = readFrame(delivery.bytes);
   if (isHeld() && !mayRunWhileBusy(reading)) {
     _again.start();
     return false;
   }
-  const SessionDelivery delivery = std::move(_waiting.front());
-  _waiting.pop_front();
-  if (reading.status == SessionFrameReading::Status::Whole) {
-    deliverFrame(reading.frame, delivery.sequence);
-  } else if (reading.status == SessionFrameReading::Status::Newer) {
-    refuseNewer(reading);
-  } else {
-    _log.dropped(QString(), reading.reason);
+  _inbox->dropFirstMessage();
+  if (isPassed(delivery)) return true;
+  _lastSequence = delivery.sequence;
+  switch (reading.status) {
+    case SessionFrameReading::Status::Whole:
+      deliverFrame(reading.frame, delivery.sequence);
+      break;
+    case SessionFrameReading::Status::Newer:
+      refuseNewer(reading);
+      break;
+    case SessionFrameReading::Status::Broken:
+      _log.dropped(QString(), reading.reason);
+      break;
   }
   noteProgress(delivery);
   return true;

@@ -7,21 +7,21 @@ namespace kuStandalone {
 
 namespace {
 
-constexpr std::size_t kMostDeliveries = 200'000;
-constexpr std::size_t kMostPresence = 20'000;
+constexpr std::size_t kMostSigns = 20'000;
 constexpr qint64 kMostBytes = 256 << 20;
 
 }  // namespace
 
-SessionInbox::SessionInbox(std::function<void()> wake) : _wake(std::move(wake)) {}
+SessionInbox::SessionInbox(std::function<void()> wake, std::size_t mostMessages)
+    : _wake(std::move(wake)), _mostMessages(mostMessages) {}
 
 bool SessionInbox::isFullFor(const SessionDelivery& delivery) {
   using Kind = SessionDelivery::Kind;
-  if (delivery.kind == Kind::Presence) return _deliveries.size() >= kMostPresence;
+  if (delivery.kind == Kind::Presence) return _news.size() >= kMostSigns;
   if (delivery.kind != Kind::Message) return false;
   if (delivery.subscription == _overflown) return true;
-  const bool isFull =
-      _deliveries.size() >= kMostDeliveries || _bytes + delivery.bytes.size() > kMostBytes;
+  const qint64 bytes = _bytes + delivery.bytes.size();
+  const bool isFull = _messages.size() >= _mostMessages || bytes > kMostBytes;
   if (isFull) _overflown = delivery.subscription;
   return isFull;
 }
@@ -30,25 +30,37 @@ void SessionInbox::put(SessionDelivery delivery) {
   const std::lock_guard<std::mutex> lock(_mutex);
   if (isFullFor(delivery)) return;
   _isClosed = _isClosed || delivery.kind == SessionDelivery::Kind::Closed;
-  _bytes += delivery.bytes.size();
-  _deliveries.push_back(std::move(delivery));
+  const bool isMessage = delivery.kind == SessionDelivery::Kind::Message;
+  if (isMessage) _bytes += delivery.bytes.size();
+  (isMessage ? _messages : _news).push_back(std::move(delivery));
   _changed.notify_all();
   if (_isWakePosted) return;
   _isWakePosted = true;
   QCoreApplication::postEvent(this, new QEvent(QEvent::User));
 }
 
-std::deque<SessionDelivery> SessionInbox::takeAll() {
+std::deque<SessionDelivery> SessionInbox::takeNews() {
   const std::lock_guard<std::mutex> lock(_mutex);
-  _bytes = 0;
   std::deque<SessionDelivery> taken;
-  taken.swap(_deliveries);
+  taken.swap(_news);
   return taken;
+}
+
+std::optional<SessionDelivery> SessionInbox::firstMessage() const {
+  const std::lock_guard<std::mutex> lock(_mutex);
+  if (_messages.empty()) return std::nullopt;
+  return _messages.front();
+}
+
+void SessionInbox::dropFirstMessage() {
+  const std::lock_guard<std::mutex> lock(_mutex);
+  _bytes -= _messages.front().bytes.size();
+  _messages.pop_front();
 }
 
 bool SessionInbox::waitForMore(std::chrono::milliseconds limit) {
   std::unique_lock<std::mutex> lock(_mutex);
-  return _changed.wait_for(lock, limit, [this] { return !_deliveries.empty(); });
+  return _changed.wait_for(lock, limit, [this] { return !_messages.empty() || !_news.empty(); });
 }
 
 bool SessionInbox::waitForClosed(std::chrono::milliseconds limit) {

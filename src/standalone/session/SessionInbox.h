@@ -8,6 +8,9 @@
 #include <deque>
 #include <functional>
 #include <mutex>
+#include <optional>
+
+#include "host/kuHostExport.h"
 
 namespace kuStandalone {
 
@@ -32,20 +35,24 @@ struct SessionDelivery {
 
 /**
  * Where the threads of the broker's client leave what they have, and the only thing that they
- * touch; the main thread takes it from there. It holds no more than it can: messages of the stream
- * that find it full are dropped, and with them all others of their subscription, so that the order
- * holds.
+ * touch; the main thread takes it from there: news at once, and messages of the stream when they
+ * may run. It holds no more than it can: messages that find it full are dropped, and with them all
+ * others of their subscription, so that the order holds.
  */
-class SessionInbox : public QObject {
+class KUHOST_EXPORT SessionInbox : public QObject {
  public:
-  /** @param wake called by the event loop of the main thread when something has come. */
-  explicit SessionInbox(std::function<void()> wake);
+  /** @param wake called by the event loop of the main thread when something has come.
+   * @param mostMessages so many messages wait at most. */
+  explicit SessionInbox(std::function<void()> wake, std::size_t mostMessages = 100'000);
 
   /** Any thread. */
   void put(SessionDelivery delivery);
 
-  /** Main thread: all that has come, in its order. */
-  std::deque<SessionDelivery> takeAll();
+  /** Main thread: all that has come and is no message, in its order. */
+  std::deque<SessionDelivery> takeNews();
+  /** The message that has waited longest; none if there is none. */
+  std::optional<SessionDelivery> firstMessage() const;
+  void dropFirstMessage();
   /** Waits until something is there; false if nothing came in time. */
   bool waitForMore(std::chrono::milliseconds limit);
   /** Waits until the connection is over for good; false if that took longer. */
@@ -64,7 +71,8 @@ class SessionInbox : public QObject {
   std::function<void()> _wake;
   mutable std::mutex _mutex;
   std::condition_variable _changed;
-  std::deque<SessionDelivery> _deliveries;
+  std::deque<SessionDelivery> _news, _messages;
+  std::size_t _mostMessages;
   qint64 _bytes = 0;
   unsigned _overflown = 0;
   bool _isWakePosted = false, _isClosed = false;

@@ -23,7 +23,7 @@ Session::Parts::Parts(const SessionOptions& options, SessionEvents events)
         event.partner = partner.name;
         tell(event);
       }),
-      _inbox(std::make_shared<SessionInbox>([this] { wake(); })) {
+      _inbox(std::make_shared<SessionInbox>([this] { wake(); }, options.mostWaiting)) {
   _options.partner = sessionName(options.partner);
   _again.setSingleShot(true);
   _again.setInterval(kAgainMilliseconds);
@@ -56,7 +56,7 @@ void Session::Parts::tell(SessionEvent event) const {
 QString Session::Parts::attach() {
   const BrokerStream::State state = _stream->find();
   if (!state.error.isEmpty()) return state.error;
-  bool isAnew = state.identity != _identity || state.lastSequence < _lastReceived;
+  bool isAnew = state.identity != _identity || state.lastSequence < _lastSequence;
   const BrokerStream::Subscription subscription = subscribe(state, isAnew);
   if (subscription.number == 0) return QStringLiteral("the broker does not deliver the session");
   if (isAnew) startAnew(state.identity);
@@ -70,9 +70,9 @@ QString Session::Parts::attach() {
 BrokerStream::Subscription Session::Parts::subscribe(const BrokerStream::State& state,
                                                      bool& isAnew) {
   if (isAnew) return _stream->subscribeToLast();
-  const BrokerStream::Subscription rest = _stream->subscribeFrom(_lastReceived + 1);
+  const BrokerStream::Subscription rest = _stream->subscribeFrom(_lastSequence + 1);
   // Where the stream has forgotten some of what was missed, the rest of it gives no true picture.
-  const bool hasGaps = rest.waiting < state.lastSequence - _lastReceived;
+  const bool hasGaps = rest.waiting < state.lastSequence - _lastSequence;
   if (rest.number == 0 || !hasGaps) return rest;
   isAnew = true;
   return _stream->subscribeToLast();
@@ -80,16 +80,14 @@ BrokerStream::Subscription Session::Parts::subscribe(const BrokerStream::State& 
 
 void Session::Parts::startAnew(const QByteArray& identity) {
   _identity = identity;
-  _waiting.clear();
-  _lastReceived = 0;
+  _lastSequence = 0;
   _isJoinCompleted = false;
 }
 
 void Session::Parts::noteProgress(const SessionDelivery& delivery) {
   _lastRun = Clock::now();
-  const bool isFromNow = delivery.subscription == _subscription;
   const bool isLast = delivery.sequence >= _catchUpTo || delivery.pending == 0;
-  if (_isCatchingUp && isFromNow && isLast) caughtUp();
+  if (_isCatchingUp && isLast) caughtUp();
 }
 
 void Session::Parts::caughtUp() {
@@ -113,7 +111,6 @@ void Session::Parts::tellBack() {
 void Session::Parts::becomeAlone(const QString& reason) {
   if (!_isLinked) return;
   _isLinked = _isCatchingUp = _isEchoed = false;
-  _subscription = 0;
   _owesBack = true;
   kuLog::warning(
       "Session: the broker at %s is lost (%s); what is done now goes to the partners "
@@ -130,6 +127,13 @@ void Session::Parts::tryAgain() {
   const auto longer = std::max(2 * _patience, _options.heartbeat);
   _patience = std::min(longer, kLongestPatience);
   _nextAttempt = Clock::now() + _patience;
+}
+
+/** Subscribes anew where the application was busy for so long that the inbox could not hold all. */
+void Session::Parts::fetchDropped() {
+  if (!_isLinked || _inbox->firstMessage() || !_inbox->hasOverflown(_subscription)) return;
+  const QString error = attach();
+  if (!error.isEmpty()) becomeAlone(error);
 }
 
 void Session::Parts::tick() {

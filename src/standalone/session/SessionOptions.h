@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 #include <chrono>
+#include <cstddef>
 
 #include "host/kuHostExport.h"
 
@@ -29,6 +30,10 @@ struct KUHOST_EXPORT SessionOptions {
 
   /** The options for an address that also names the session: nats://host:port/session. */
   static SessionOptions at(const QString& address);
+
+  /** How many messages wait at most for an application that is busy; the broker keeps the others.
+   */
+  std::size_t mostWaiting = 100'000;
 
   /** Why these options cannot do; empty if they can. Never contains a password or token. */
   QString fault() const;

@@ -2,7 +2,6 @@
 
 #include <QTimer>
 #include <chrono>
-#include <deque>
 #include <memory>
 #include <set>
 
@@ -73,10 +72,11 @@ class Session::Parts {
 
   // SessionDelivery
   void wake();
-  void take();
-  void receive(SessionDelivery delivery);
+  void takeNews();
+  void receive(const SessionDelivery& news);
   void deliver();
-  bool deliverFirst();
+  bool deliverFirst(const SessionDelivery& delivery);
+  bool isPassed(const SessionDelivery& delivery) const;
   void deliverFrame(const SessionFrame& frame, std::uint64_t sequence);
   void deliverCommand(const SessionFrame& frame, std::uint64_t sequence);
   bool deliverOwn(const SessionFrame& frame, std::uint64_t sequence);
@@ -92,6 +92,7 @@ class Session::Parts {
   void startAnew(const QByteArray& identity);
   void becomeAlone(const QString& reason);
   void tryAgain();
+  void fetchDropped();
   void noteProgress(const SessionDelivery& delivery);
   void caughtUp();
   void tellBack();
@@ -112,9 +113,8 @@ class Session::Parts {
   std::set<unsigned> _blocked;
   std::set<QUuid> _refused;
 
-  /** Received, and waiting for its turn to run. */
-  std::deque<SessionDelivery> _waiting;
-  std::uint64_t _lastReceived = 0;
+  /** The place of the last message that was looked at. */
+  std::uint64_t _lastSequence = 0;
   Awaited* _awaited = nullptr;
   Clock::time_point _lastRun;
   bool _isDelivering = false;

@@ -75,12 +75,12 @@ void Session::Parts::awaitOwn(kuSessionCommand& command, const Outgoing& out) {
     if (limit.count() <= 0 || !_inbox->waitForMore(limit)) {
       becomeAlone(QStringLiteral("it delivers nothing"));
     }
-    take();
+    takeNews();
     deliver();
   }
   _awaited = nullptr;
   if (!awaited.hasRun) runAlone(command, out, true);
-  if (!_waiting.empty()) _again.start();
+  _again.start();
 }
 
 void Session::Parts::runAlone(kuSessionCommand& command, const Outgoing& out, bool isSent) {

@@ -226,6 +226,22 @@ TEST_F(SessionTest, WhatPartnersDoWaitsWhileTheApplicationIsBusy) {
   EXPECT_EQ(notes(1), QStringList{"A=1"});
 }
 
+TEST_F(SessionTest, WhatDoesNotFindRoomWhileBusyIsFetchedAfterwards) {
+  kuStandalone::SessionOptions few = options();
+  few.mostWaiting = 10;
+  Session::Joining joining = Session::join(few, {});
+  ASSERT_TRUE(joining.session);
+  PartnerProcess ben(broker.url(), "review", "Ben");
+  ben.waitFor("joined");
+  HostState::the().busy = true;
+  for (int number = 1; number <= 50; ++number)
+    ben.send(QStringLiteral("push A %1").arg(number));
+  ben.notes(50);
+  HostState::the().busy = false;
+  ben.tell("push A 51");
+  EXPECT_EQ(notes(51), numbered("A", 1, 51));
+}
+
 TEST_F(SessionTest, WhatPartnersDoWaitsForAModalDialogue) {
   join();
   PartnerProcess ben(broker.url(), "review", "Ben");
