@@ -113,11 +113,29 @@ def print_script(runs):
               f"   {cpp / compiled:14.2f}")
 
 
+def print_session(runs):
+    figures = {run["name"].split("/")[0] + "/" + run["name"].split("/")[1]
+               if "/" in run["name"] else run["name"]: run for run in runs}
+    bare = figures["publish/real_time"]["real_time"] / 1e3
+    print("\nA command of a session, beside a bare publication with acknowledgement, microseconds")
+    print(f"bare publication {bare:22.0f}")
+    for partners in (0, 1, 3, 8):
+        push = figures[f"push/{partners}"]
+        returned, ran = push["real_time"] / 1e3, push["last_run_us"]
+        row = figures.get(f"row/{partners}")
+        rate = f", {row['commands_per_second']:.0f} commands/s" if row else ""
+        print(f"{partners} partners: returned after {returned:6.0f} ({returned / bare:.2f}), "
+              f"last one ran it after {ran:6.0f} ({ran / bare:.2f}){rate}")
+    sizes = figures["bytes"]
+    print(f"bytes of a selection: {sizes['empty']:.0f} without states, "
+          f"{sizes['ten_states']:.0f} with ten")
+
+
 def main():
     folder = Path(sys.argv[1])
     tables = {"selection": print_selection, "reading": print_reading, "writing": print_writing,
               "upkeep": print_upkeep, "render": print_pictures, "capture": print_capture,
-              "script": print_script}
+              "script": print_script, "session": print_session}
     for name, table in tables.items():
         table(load(folder / f"{name}Bench.json"))
 
