@@ -86,7 +86,8 @@ void layOutHelp(CLI::App& app) {
       "kuvariants COMMAND --help tells more about a command.\n\n"
       "Exit codes: 0 done, 1 done with findings or a renaming refused, 2 wrong\n"
       "command line, 3 an input cannot be read or is not valid, 4 unknown set,\n"
-      "variant or state, 5 output cannot be written, 130 interrupted.");
+      "variant or state, 5 output cannot be written, 6 a session cannot be reached,\n"
+      "130 interrupted.");
 }
 
 void describe(CLI::App& app, Invocation& invocation) {
@@ -103,6 +104,7 @@ void describe(CLI::App& app, Invocation& invocation) {
   addSelectCommand(app, invocation);
   addRenderCommand(app, invocation);
   addRunCommand(app, invocation);
+  addJoinCommand(app, invocation);
   addVerifyCommand(app, invocation);
   addOptimizeCommand(app, invocation);
   for (CLI::App* command : app.get_subcommands({}))

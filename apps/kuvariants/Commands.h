@@ -18,6 +18,7 @@ void addCaptureCommand(CLI::App& app, Invocation& invocation);
 void addSelectCommand(CLI::App& app, Invocation& invocation);
 void addRenderCommand(CLI::App& app, Invocation& invocation);
 void addRunCommand(CLI::App& app, Invocation& invocation);
+void addJoinCommand(CLI::App& app, Invocation& invocation);
 void addVerifyCommand(CLI::App& app, Invocation& invocation);
 void addOptimizeCommand(CLI::App& app, Invocation& invocation);
 

@@ -8,5 +8,6 @@ enum class ExitCode {
   CommandLineWrong = 2,
   InputNotValid = 3,
   NameUnknown = 4,
-  OutputNotWritten = 5
+  OutputNotWritten = 5,
+  SessionNotReached = 6
 };

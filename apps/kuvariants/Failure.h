@@ -14,3 +14,10 @@ struct Failure {
   /** Why; may be empty. */
   std::string reason;
 };
+
+/** For people; names as they came. */
+inline std::string lineOf(const Failure& failure) {
+  std::string line = failure.what + ": " + failure.where;
+  if (!failure.reason.empty()) line += ": " + failure.reason;
+  return line;
+}

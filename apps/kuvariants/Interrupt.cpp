@@ -1,5 +1,6 @@
 #include "Interrupt.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -14,8 +15,10 @@ volatile std::sig_atomic_t deferring = 0;
 volatile std::sig_atomic_t pending = 0;
 volatile std::sig_atomic_t isPassedOn = 0;
 std::atomic<void (*)()> presentReceiver{nullptr};
+/** Where Told hears of a signal; -1 without one. */
+volatile std::sig_atomic_t tellingEnd = -1;
 
-[[noreturn]] void leave(int signal) { _exit(128 + signal); }
+[[noreturn]] void leave(int signal) { _exit(exitCode(signal)); }
 
 void tell(void (*receiver)()) {
   const int error = errno;
@@ -24,9 +27,19 @@ void tell(void (*receiver)()) {
   errno = error;
 }
 
+void tellEnd(int signal) {
+  const int error = errno;
+  pending = signal;
+  // The pipe is empty: there is one signal to tell.
+  if (write(tellingEnd, "", 1) < 0) leave(signal);
+  errno = error;
+}
+
 void onSignal(int signal) {
   void (*const receiver)() = presentReceiver;
-  if (deferring) {
+  if (tellingEnd >= 0 && !pending) {
+    tellEnd(signal);
+  } else if (deferring) {
     pending = signal;
   } else if (signal == SIGINT && receiver && !isPassedOn) {
     tell(receiver);
@@ -72,5 +85,18 @@ Deferred::~Deferred() {
   deferring = 0;
   if (pending) leave(pending);
 }
+
+Told::Told() {
+  if (pipe2(_ends, O_CLOEXEC | O_NONBLOCK) == 0) tellingEnd = _ends[1];
+}
+
+Told::~Told() {
+  tellingEnd = -1;
+  for (const int end : _ends) {
+    if (end >= 0) close(end);
+  }
+}
+
+int Told::signal() { return pending; }
 
 }  // namespace Interrupt

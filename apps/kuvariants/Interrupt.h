@@ -3,6 +3,9 @@
 /** Ctrl-C and its kin: the process ends at once with 128 plus the signal's number, so 130. */
 namespace Interrupt {
 
+/** What a process answers that such a signal has ended. */
+constexpr int exitCode(int signal) { return 128 + signal; }
+
 /**
  * Takes the signals over. One that was ignored when the process started stays ignored. Writing to
  * a closed pipe or beyond a file's permitted size becomes an error of the write.
@@ -41,6 +44,26 @@ class Deferred {
   ~Deferred();
   Deferred(const Deferred&) = delete;
   Deferred& operator=(const Deferred&) = delete;
+};
+
+/**
+ * As long as this lives, the first of the signals is told and no more, so that the process can end
+ * itself in an orderly way; the second one ends it at once. One at a time.
+ */
+class Told {
+ public:
+  Told();
+  ~Told();
+  Told(const Told&) = delete;
+  Told& operator=(const Told&) = delete;
+
+  /** Becomes readable when a signal came; -1 where there is none to be had. */
+  int descriptor() const { return _ends[0]; }
+  /** The signal that came; 0 for none. */
+  static int signal();
+
+ private:
+  int _ends[2] = {-1, -1};
 };
 
 }  // namespace Interrupt

@@ -50,6 +50,8 @@ Output::~Output() {
 
 bool Output::giveBack() { return _descriptor >= 0 && dup2(_descriptor, STDOUT_FILENO) >= 0; }
 
+bool Output::isTerminal() const { return isatty(_descriptor) == 1; }
+
 void Output::write(const std::string& text) {
   const int error = writeAll(_descriptor, text);
   if (error == 0) return;

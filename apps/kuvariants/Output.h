@@ -22,6 +22,9 @@ class Output {
    */
   bool giveBack();
 
+  /** Whether people read it. */
+  bool isTerminal() const;
+
   /** Writes the text, or throws a Failure. */
   void write(const std::string& text);
 

@@ -57,6 +57,10 @@ void selectSet(const QString& name, const SelectOptions& options) {
   }
 }
 
+QString presentViewpoint() { return QString::fromStdString(Scene::the().activeViewpoint); }
+
+}  // namespace
+
 std::vector<VariantChange> presentStates() {
   std::vector<VariantChange> states;
   for (const Kind& kind : kinds()) {
@@ -67,7 +71,6 @@ std::vector<VariantChange> presentStates() {
   return states;
 }
 
-/** The states that variants have now, beside those which they had, as far as they were there. */
 std::vector<VariantChange> compare(const std::vector<VariantChange>& before) {
   std::map<std::pair<const Kind*, QString>, QString> former;
   for (const VariantChange& one : before)
@@ -80,10 +83,6 @@ std::vector<VariantChange> compare(const std::vector<VariantChange>& before) {
   }
   return changes;
 }
-
-QString presentViewpoint() { return QString::fromStdString(Scene::the().activeViewpoint); }
-
-}  // namespace
 
 void failUnknown(const std::string& what, const std::string& where, const QString& name,
                  const QStringList& existing) {

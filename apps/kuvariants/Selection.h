@@ -8,6 +8,8 @@
 
 #include "Kinds.h"
 
+class JsonWriter;
+
 /** A variant that is to be put into a state. */
 struct StateRequest {
   const Kind* kind;
@@ -75,11 +77,25 @@ kuVariant& existingVariant(const Kind& kind, const QString& name);
 /** Puts one variant into a state. Throws a Failure for a variant or a state that does not exist. */
 void selectOne(const StateRequest& request);
 
+/** The states that all variants have now, as those before a change. */
+std::vector<VariantChange> presentStates();
+
+/** The states that all variants have now, beside those which they had before, as far as they were
+ * there. */
+std::vector<VariantChange> compare(const std::vector<VariantChange>& before);
+
 /** Checks every name, then selects. Throws a Failure for a name that does not exist. */
 SelectionReport selectAll(const SelectOptions& options);
 
 std::string selectionJson(const SelectionReport& report);
 std::string selectionText(const SelectionReport& report);
+
+/** A line for each variant, viewpoint and animation that a selection has changed. */
+std::string changedText(const SelectionReport& report);
+/** A line for each variant and for the viewpoint, as they are after it. */
+std::string statesText(const SelectionReport& report);
+/** The states of all variants after it, by kind, as members of an object. */
+void writeStates(JsonWriter& json, const SelectionReport& report);
 
 /** That scripts were held back; empty where none was. */
 std::string heldBackText(std::uint64_t scripts);

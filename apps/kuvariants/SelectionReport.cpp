@@ -7,17 +7,6 @@
 
 namespace {
 
-void writeStates(JsonWriter& json, const SelectionReport& report) {
-  for (const Kind& kind : kinds()) {
-    json.key(kind.name);
-    json.object([&] {
-      for (const VariantChange& one : report.variants) {
-        if (one.kind == &kind) json.entry(one.variant, one.after);
-      }
-    });
-  }
-}
-
 std::string shownState(const QString& state) { return state.isEmpty() ? "-" : escaped(state); }
 
 bool hasChanged(const VariantChange& one) { return one.before != one.after; }
@@ -94,9 +83,28 @@ std::string selectionJson(const SelectionReport& report) {
   return json.text() + '\n';
 }
 
+void writeStates(JsonWriter& json, const SelectionReport& report) {
+  for (const Kind& kind : kinds()) {
+    json.key(kind.name);
+    json.object([&] {
+      for (const VariantChange& one : report.variants) {
+        if (one.kind == &kind) json.entry(one.variant, one.after);
+      }
+    });
+  }
+}
+
+std::string statesText(const SelectionReport& report) {
+  return lines(report, true) + lines(report, false);
+}
+
+std::string changedText(const SelectionReport& report) {
+  return lines(report, true) + animationLines(report);
+}
+
 std::string selectionText(const SelectionReport& report) {
   std::string text = selected(report);
-  const std::string changed = lines(report, true) + animationLines(report);
+  const std::string changed = changedText(report);
   text += section("Changed", changed.empty() ? "  nothing\n" : changed);
   text += section("Unchanged", lines(report, false));
   const std::string held = heldBackText(report.scriptsHeldBack);

@@ -5,19 +5,23 @@
 #include "Commands.h"
 #include "Text.h"
 
-StateRequest readStateRequest(const std::string& argument) {
-  const QString text = QString::fromStdString(unmarked(argument));
+StateRequest parseStateRequest(const QString& text, std::string& fault) {
   const int colon = text.indexOf(QLatin1Char(':'));
   const int equals = text.indexOf(QLatin1Char('='), colon + 1);
+  const Kind* kind = colon < 0 ? nullptr : findKind(text.left(colon));
   if (colon < 0 || equals < 0) {
-    throw CLI::ValidationError("--variant", "not of the form KIND:NAME=STATE: " + escaped(text));
-  }
-  const Kind* kind = findKind(text.left(colon));
-  if (!kind) {
-    throw CLI::ValidationError(
-        "--variant", "KIND is node, material, transform, light or overlay: " + escaped(text));
+    fault = "not of the form KIND:NAME=STATE: " + escaped(text);
+  } else if (!kind) {
+    fault = "KIND is node, material, transform, light or overlay: " + escaped(text);
   }
   return {kind, text.mid(colon + 1, equals - colon - 1), text.mid(equals + 1)};
+}
+
+StateRequest readStateRequest(const std::string& argument) {
+  std::string fault;
+  const StateRequest request = parseStateRequest(QString::fromStdString(unmarked(argument)), fault);
+  if (!fault.empty()) throw CLI::ValidationError("--variant", fault);
+  return request;
 }
 
 CLI::Option& addVariantOption(CLI::App& command, const std::string& when,

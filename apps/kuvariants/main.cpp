@@ -28,12 +28,6 @@ int run(int argc, char** argv) {
   return outcome.scriptCode.value_or(static_cast<int>(outcome.code));
 }
 
-std::string lineOf(const Failure& failure) {
-  std::string line = failure.what + ": " + failure.where;
-  if (!failure.reason.empty()) line += ": " + failure.reason;
-  return line;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {

@@ -40,12 +40,6 @@ void raiseFileError(const Failure& failure) {
   PyErr_SetObject(error.ptr(), arguments.ptr());
 }
 
-std::string lineOf(const Failure& failure) {
-  std::string text = failure.what + ": " + failure.where;
-  if (!failure.reason.empty()) text += ": " + failure.reason;
-  return text;
-}
-
 void translate(const Failure& failure) {
   switch (failure.code) {
     case ExitCode::NameUnknown:
