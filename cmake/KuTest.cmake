@@ -2,7 +2,9 @@
 include(GoogleTest)
 
 set_property(DIRECTORY APPEND PROPERTY
-  CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/support/lsan.supp)
+  CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/support/lsan.supp
+  ${PROJECT_SOURCE_DIR}/tests/support/tsan.supp)
+file(READ ${PROJECT_SOURCE_DIR}/tests/support/tsan.supp KU_RACE_SUPPRESSIONS)
 file(READ ${PROJECT_SOURCE_DIR}/tests/support/lsan.supp KU_LEAK_SUPPRESSIONS)
 configure_file(${PROJECT_SOURCE_DIR}/tests/support/SanitizerOptions.cpp.in
   ${PROJECT_BINARY_DIR}/SanitizerOptions.cpp @ONLY)

@@ -1,6 +1,6 @@
 // Any bytes as what comes from a session: as a frame, as a sign of life, and as what a command of
-// the library writes. What is read as whole must be written as it was; what is not must say why, and
-// nothing is allocated that the bytes do not hold.
+// the library writes. What is read as whole must be written as it was; what is not must say why,
+// and nothing is allocated that the bytes do not hold.
 
 #include <QGuiApplication>
 #include <cstdint>

@@ -3,6 +3,7 @@
 #include <QUrl>
 #include <QUuid>
 #include <deque>
+#include <vector>
 
 #include "standalone/session/BrokerHandles.h"
 #include "standalone/session/SessionFrame.h"
@@ -113,21 +114,25 @@ struct BrokerConnection::Parts {
   std::deque<BrokerReceiver> receivers;
   BrokerLink link;
   BrokerSubscription presence;
+  std::vector<BrokerSubscription> ended;
 };
 
 BrokerConnection::BrokerConnection(const SessionOptions& options,
                                    std::shared_ptr<SessionInbox> inbox)
-    : _parts(new Parts{options, SessionSubject(options.session), std::move(inbox), {}, {}, {}}) {}
+    : _parts(
+          new Parts{options, SessionSubject(options.session), std::move(inbox), {}, {}, {}, {}}) {}
 
 BrokerConnection::~BrokerConnection() {
   if (!_parts->link) return;
-  _parts->presence.reset();
   natsConnection_FlushTimeout(_parts->link.get(), 500);
   natsConnection_Close(_parts->link.get());
   const bool isClosed = _parts->inbox->waitForClosed(kCloseLimit);
-  _parts->link.reset();
   // A thread that is stuck may still use these: better never freed than too early.
   if (!isClosed) static_cast<void>(_parts.release());
+}
+
+void BrokerConnection::keepUntilClosed(natsSubscription* subscription) {
+  _parts->ended.emplace_back(subscription);
 }
 
 QString BrokerConnection::open() {

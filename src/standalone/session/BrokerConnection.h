@@ -10,6 +10,7 @@
 #include "standalone/session/SessionSubject.h"
 
 struct __natsConnection;
+struct __natsSubscription;
 
 namespace kuStandalone {
 
@@ -46,6 +47,10 @@ class BrokerConnection {
   /** For a subscription of its own; it holds until the connection is over. Its numbers are never 0.
    */
   BrokerReceiver* makeReceiver();
+
+  /** Takes over a subscription that has ended: the client's threads may still be at it, so it is
+   * freed when the connection is over. */
+  void keepUntilClosed(__natsSubscription* subscription);
 
   /** Tells those who are there now; nobody knows whether it arrives. */
   void announce(const QByteArray& bytes);

@@ -92,7 +92,11 @@ BrokerStream::BrokerStream(BrokerConnection& connection)
   _parts->context.reset(context);
 }
 
-BrokerStream::~BrokerStream() = default;
+BrokerStream::~BrokerStream() { retire(); }
+
+void BrokerStream::retire() {
+  if (_parts->subscription) _connection.keepUntilClosed(_parts->subscription.release());
+}
 
 BrokerStream::State BrokerStream::find() {
   jsStreamInfo* info = nullptr;
@@ -130,7 +134,9 @@ BrokerStream::Subscription BrokerStream::subscribe(std::uint64_t firstSequence) 
   const QByteArray all = _connection.subject().all();
   BrokerReceiver* receiver = _connection.makeReceiver();
   natsSubscription* made = nullptr;
-  _parts->subscription.reset();
+  // Unsubscribing here makes the client read freed memory where the broker has forgotten the
+  // consumer; what still comes by the old one is passed over by its number.
+  retire();
   const natsStatus status = js_Subscribe(&made, _parts->context.get(), all.constData(), onMessage,
                                          receiver, nullptr, &options, nullptr);
   _parts->subscription.reset(made);

@@ -63,6 +63,7 @@ class BrokerStream {
   struct Parts;
   Subscription subscribe(std::uint64_t firstSequence);
   Subscription waitingIn(unsigned number);
+  void retire();
 
   BrokerConnection& _connection;
   std::unique_ptr<Parts> _parts;

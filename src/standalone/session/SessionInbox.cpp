@@ -74,11 +74,14 @@ bool SessionInbox::hasOverflown(unsigned subscription) const {
 }
 
 bool SessionInbox::event(QEvent* event) {
-  if (event->type() != QEvent::User) return QObject::event(event);
+  bool isOurs = false;
   {
+    // Also what the event says was written by another thread.
     const std::lock_guard<std::mutex> lock(_mutex);
-    _isWakePosted = false;
+    isOurs = event->type() == QEvent::User;
+    if (isOurs) _isWakePosted = false;
   }
+  if (!isOurs) return QObject::event(event);
   if (_wake) _wake();
   return true;
 }
