@@ -36,8 +36,8 @@ osg::NodePtr addNode(const osg::NodePtr& parent, const std::string& name,
 void makeSmallSet() {
   kuVariantSet* set = kuVariants::createVariantSet("Small", false, nullptr);
   for (int i = 0; i < statesOfTheSet; ++i) {
-    const osg::NodePtr node = addNode(Scene::the().nodes.root, "Switch " + std::to_string(i),
-                                      SwitchCore::create(0));
+    const osg::NodePtr node =
+        addNode(Scene::the().nodes.root, "Switch " + std::to_string(i), SwitchCore::create(0));
     addNode(node, "Open", GroupCore::create());
     addNode(node, "Shut", GroupCore::create());
     set->add(kuVariants::createNodeVariant(node, false), "Shut");
@@ -45,9 +45,8 @@ void makeSmallSet() {
 }
 
 void perCall(benchmark::State& state, int callsOfAnIteration) {
-  state.counters["calls_per_second"] =
-      benchmark::Counter(static_cast<double>(state.iterations()) * callsOfAnIteration,
-                         benchmark::Counter::kIsRate);
+  state.counters["calls_per_second"] = benchmark::Counter(
+      static_cast<double>(state.iterations()) * callsOfAnIteration, benchmark::Counter::kIsRate);
 }
 
 void fromCpp(benchmark::State& state, const std::string& set) {
@@ -58,8 +57,8 @@ void fromCpp(benchmark::State& state, const std::string& set) {
 
 /** A code object that is compiled once and calls in a loop. */
 void fromCompiledPython(benchmark::State& state, const std::string& set) {
-  const std::string text = "for i in range(" + std::to_string(callsOfALoop) +
-                           "): selectVariantSet('" + set + "')";
+  const std::string text =
+      "for i in range(" + std::to_string(callsOfALoop) + "): selectVariantSet('" + set + "')";
   const bp::object code = ScriptInterpreter::compile(text.c_str(), Py_file_input, 0);
   const bp::object globals = ScriptInterpreter::globals();
   for (auto _ : state)
@@ -67,7 +66,8 @@ void fromCompiledPython(benchmark::State& state, const std::string& set) {
   perCall(state, callsOfALoop);
 }
 
-/** A text that is read anew for each call, as a command or, where scripts are allowed, as Python. */
+/** A text that is read anew for each call, as a command or, where scripts are allowed, as Python.
+ */
 void fromText(benchmark::State& state, const std::string& set, bool allowed) {
   ScriptPolicy::allow(allowed);
   const std::string text = "selectVariantSet('" + set + "')";
