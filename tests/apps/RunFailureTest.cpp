@@ -71,8 +71,7 @@ const UnreadableRow unreadable[] = {
      "'utf-8' codec can't decode byte 0xff in position 22: invalid start byte"},
     {"HalfASurrogatePair", "print('never')\n\n\nx = '\xed\xa0\x80'",
      "'utf-8' codec can't decode byte 0xed in position 22: invalid continuation byte"},
-    {"UnknownCoding", "# coding: nothing-known\nprint('never')",
-     "unknown encoding: nothing-known"},
+    {"UnknownCoding", "# coding: nothing-known\nprint('never')", "unknown encoding: nothing-known"},
     {"CodingThatIsNoText", "# coding: rot13\ncevag('arire')",
      "'rot13' is not a text encoding; use codecs.decode() to handle arbitrary codecs"},
 };
@@ -109,8 +108,7 @@ TEST_F(RunFailureTest, SceneOrDocumentThatCannotBeReadKeepsTheScriptFromRunning)
 TEST_F(RunFailureTest, OutputThatDoesNotFitIsTold) {
   makeFullDevice("full");
   write("script.py", "import sys; sys.stdout.write('x')");
-  const CliResult result =
-      runInShell("", {"run", "car.gltf", "car.xml", "script.py"}, ">full");
+  const CliResult result = runInShell("", {"run", "car.gltf", "car.xml", "script.py"}, ">full");
   EXPECT_EQ(result.code, 5);
   EXPECT_EQ(result.err, "kuvariants: cannot write: standard output: No space left on device\n");
 }
@@ -118,8 +116,7 @@ TEST_F(RunFailureTest, OutputThatDoesNotFitIsTold) {
 TEST_F(RunFailureTest, OutputThatTheScriptItselfCannotWriteIsItsException) {
   makeFullDevice("full");
   write("script.py", "print('x')");
-  const CliResult result =
-      runInShell("", {"run", "car.gltf", "car.xml", "script.py"}, ">full");
+  const CliResult result = runInShell("", {"run", "car.gltf", "car.xml", "script.py"}, ">full");
   EXPECT_EQ(result.code, 1);
   EXPECT_THAT(result.err, HasSubstr("OSError: [Errno 28] No space left on device"));
 }
@@ -130,8 +127,7 @@ TEST_F(RunFailureTest, SceneThatCannotBeSavedIsToldBehindTheScript) {
       run({"run", "--save-scene", "no/saved.gltf", "car.gltf", "car.xml", "script.py"});
   EXPECT_EQ(result.code, 5);
   EXPECT_EQ(result.out, "ran\n");
-  EXPECT_EQ(result.err,
-            "kuvariants: cannot write: no/saved.gltf: No such file or directory\n");
+  EXPECT_EQ(result.err, "kuvariants: cannot write: no/saved.gltf: No such file or directory\n");
 }
 
 }  // namespace

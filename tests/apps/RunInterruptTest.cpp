@@ -45,8 +45,8 @@ class RunInterruptTest : public RunTest {
 };
 
 TEST_F(RunInterruptTest, EndsAnEndlessScript) {
-  const CliResult result = interruptScript(
-      "print('begun')\nopen('running', 'w').close()\nwhile True: pass");
+  const CliResult result =
+      interruptScript("print('begun')\nopen('running', 'w').close()\nwhile True: pass");
   EXPECT_EQ(result.code, 130);
   EXPECT_EQ(result.out, "begun\n");
   EXPECT_THAT(result.err, HasSubstr("\nKeyboardInterrupt\n"));
@@ -71,7 +71,8 @@ TEST_F(RunInterruptTest, EndsTheWaitForAThread) {
 
 TEST_F(RunInterruptTest, CanBeCaughtByTheScript) {
   const CliResult result = interruptScript(
-      "import sys\ntry:\n    open('running', 'w').close()\n    while True: pass\nexcept KeyboardInterrupt:\n    print('caught')\nsys.exit(7)");
+      "import sys\ntry:\n    open('running', 'w').close()\n    while True: pass\nexcept "
+      "KeyboardInterrupt:\n    print('caught')\nsys.exit(7)");
   EXPECT_EQ(result.code, 7);
   EXPECT_EQ(result.out, "caught\n");
 }
@@ -85,8 +86,7 @@ TEST_F(RunInterruptTest, RunsWhatTheScriptDoesFinally) {
 
 TEST_F(RunInterruptTest, EndsTheScriptOfASetAndTheUsersScriptWithIt) {
   writeEndlessSet();
-  write("script.py",
-        "print('begun', end='')\nselectVariantSet('S')\nopen('went on', 'w').close()");
+  write("script.py", "print('begun', end='')\nselectVariantSet('S')\nopen('went on', 'w').close()");
   const CliResult result =
       interrupt({"--allow-scripts", "run", "car.gltf", "endless.xml", "script.py"});
   EXPECT_EQ(result.code, 130);
@@ -112,8 +112,7 @@ TEST_F(RunInterruptTest, EndsAPictureThatIsBeingRendered) {
 }
 
 TEST_F(RunInterruptTest, OtherSignalsEndTheScriptAtOnce) {
-  EXPECT_EQ(
-      interruptScript("open('running', 'w').close()\nwhile True: pass", SIGTERM).code, 143);
+  EXPECT_EQ(interruptScript("open('running', 'w').close()\nwhile True: pass", SIGTERM).code, 143);
 }
 
 TEST_F(RunInterruptTest, SecondOneEndsAScriptThatDoesNotListen) {

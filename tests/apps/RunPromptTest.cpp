@@ -19,8 +19,7 @@ const std::string endOfInput = "\x04";
 const std::string ctrlC = "\x03";
 
 TEST_F(RunPromptTest, OpensOnATerminalAndEndsWithTheInput) {
-  const TerminalResult result =
-      prompt({{">>> ", "variants.sets()\n"}, {">>> ", endOfInput}});
+  const TerminalResult result = prompt({{">>> ", "variants.sets()\n"}, {">>> ", endOfInput}});
   EXPECT_EQ(result.code, 0);
   EXPECT_THAT(result.screen, AllOf(HasSubstr("kuvariants " KUVARIANTS_VERSION ", Python 3."),
                                    HasSubstr("help(variants) tells what there is"),
@@ -36,8 +35,8 @@ TEST_F(RunPromptTest, CompletesNamesByTheTabulator) {
 }
 
 TEST_F(RunPromptTest, GoesOnBehindAnException) {
-  const TerminalResult result =
-      prompt({{">>> ", "variants.remove_set('Sumer')\n"}, {">>> ", "6 * 7\n"}, {">>> ", endOfInput}});
+  const TerminalResult result = prompt(
+      {{">>> ", "variants.remove_set('Sumer')\n"}, {">>> ", "6 * 7\n"}, {">>> ", endOfInput}});
   EXPECT_EQ(result.code, 0);
   EXPECT_THAT(result.screen, AllOf(HasSubstr("did you mean \"Summer\"?"), HasSubstr("\n42\n")));
 }
@@ -57,10 +56,11 @@ TEST_F(RunPromptTest, GoesOnWhereAnInterruptEndsTheScriptOfASet) {
   write("car.xml",
         "<Variants><VariantSet name=\"S\"><Script>print('round' * 2)\nwhile True: pass"
         "</Script></VariantSet></Variants>");
-  const TerminalResult result =
-      prompt({{">>> ", "selectVariantSet('S')\n"}, {"roundround", ctrlC}, {">>> ", "6 * 7\n"},
-              {">>> ", endOfInput}},
-             {"--allow-scripts"});
+  const TerminalResult result = prompt({{">>> ", "selectVariantSet('S')\n"},
+                                        {"roundround", ctrlC},
+                                        {">>> ", "6 * 7\n"},
+                                        {">>> ", endOfInput}},
+                                       {"--allow-scripts"});
   EXPECT_EQ(result.code, 0);
   EXPECT_THAT(result.screen, AllOf(HasSubstr("script of set \"S\" failed"), HasSubstr("\n42\n")));
 }
@@ -74,8 +74,9 @@ TEST_F(RunPromptTest, EndsWithTheCodeOfExit) {
 
 TEST_F(RunPromptTest, OfAScriptOnATerminalIsItsOwn) {
   write("script.py", "print('Hello ' + input('Name? '))");
-  const TerminalResult result = runOnTerminal(
-      folder.path(), {"run", "car.gltf", "car.xml", "script.py"}, {Typing{"Name? ", "J\xc3\xbcrgen\n"}});
+  const TerminalResult result =
+      runOnTerminal(folder.path(), {"run", "car.gltf", "car.xml", "script.py"},
+                    {Typing{"Name? ", "J\xc3\xbcrgen\n"}});
   EXPECT_EQ(result.code, 0);
   EXPECT_THAT(result.screen, HasSubstr("\nHello J\xc3\xbcrgen\n"));
 }

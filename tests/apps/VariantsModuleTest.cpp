@@ -90,9 +90,10 @@ TEST_F(VariantsModuleTest, ReadsWritesAndClearsDocuments) {
 }
 
 TEST_F(VariantsModuleTest, WritesTheSceneAndPictures) {
-  printed("variants.select_set('Winter')\nvariants.save_scene('saved.glb')\n"
-          "variants.render('one.png', 8, 6, 1)\nvariants.render('two.jpg', height=6, width=8,"
-          " samples=1)");
+  printed(
+      "variants.select_set('Winter')\nvariants.save_scene('saved.glb')\n"
+      "variants.render('one.png', 8, 6, 1)\nvariants.render('two.jpg', height=6, width=8,"
+      " samples=1)");
   EXPECT_EQ(read("saved.glb").substr(0, 4), "glTF");
   EXPECT_EQ(read("one.png").substr(1, 3), "PNG");
   EXPECT_EQ(read("one.png").substr(16, 8), std::string("\0\0\0\x08\0\0\0\x06", 8));
@@ -153,12 +154,13 @@ TEST_F(VariantsModuleTest, IsThereForTheScriptsOfADocumentToo) {
 }
 
 TEST_F(VariantsModuleTest, NamesOfAllSortsComeBackAsTheyWere) {
-  EXPECT_EQ(printed("names = ['\\U0001f600', 'a\\nb', '\"<&>', ' ', 'x' * 10000, '\\x01', \"');\"]\n"
-                    "for name in names: variants.create_set(name, 'Looks')\n"
-                    "print(variants.sets()[3:] == names)\n"
-                    "for name in names: variants.select_set(name)\n"
-                    "for name in names: variants.remove_set(name)\nprint(len(variants.sets()))"),
-            "True\n3\n");
+  EXPECT_EQ(
+      printed("names = ['\\U0001f600', 'a\\nb', '\"<&>', ' ', 'x' * 10000, '\\x01', \"');\"]\n"
+              "for name in names: variants.create_set(name, 'Looks')\n"
+              "print(variants.sets()[3:] == names)\n"
+              "for name in names: variants.select_set(name)\n"
+              "for name in names: variants.remove_set(name)\nprint(len(variants.sets()))"),
+      "True\n3\n");
 }
 
 }  // namespace
