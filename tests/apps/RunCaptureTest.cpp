@@ -37,8 +37,7 @@ TEST_F(RunCaptureTest, AsksOnTheTerminal) {
 }
 
 TEST_F(RunCaptureTest, OfASetsScriptDoesNotWaitForAnAnswerEither) {
-  const CliResult selected =
-      run({"--allow-scripts", "select", "twins.gltf", "own.xml", "S"});
+  const CliResult selected = run({"--allow-scripts", "select", "twins.gltf", "own.xml", "S"});
   EXPECT_EQ(selected.code, 0);
   EXPECT_THAT(selected.err, HasSubstr(refusal));
   const CliResult rendered = run({"--allow-scripts", "render", "twins.gltf", "own.xml", "-o",
