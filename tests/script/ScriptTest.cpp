@@ -23,6 +23,8 @@ bp::object sentinel(const bp::tuple&, const bp::dict&) {
 
 bp::object globals() { return ScriptInterpreter::globals(); }
 
+void forgetRan() { globals().attr("pop")("ran", bp::object()); }
+
 }  // namespace
 
 ScriptTest::ScriptTest() {
@@ -30,7 +32,7 @@ ScriptTest::ScriptTest() {
   ScriptCommands::add("sentinel", bp::raw_function(sentinel));
   globals()["true"] = true;
   globals()["false"] = false;
-  globals().attr("pop")("ran", bp::object());
+  forgetRan();
   calls = 0;
   ScriptPolicy::allow(false);
   ScriptPolicy::clearRefusals();
@@ -41,6 +43,8 @@ ScriptTest::~ScriptTest() {
   while (!ScriptPolicy::presentSet().empty())
     sendSelection("");
   ScriptPolicy::allow(false);
+  // It may hold objects of the scene, and the interpreter outlives the test.
+  forgetRan();
 }
 
 int ScriptTest::sentinelCalls() { return calls; }
