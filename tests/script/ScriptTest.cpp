@@ -23,16 +23,12 @@ bp::object sentinel(const bp::tuple&, const bp::dict&) {
 
 bp::object globals() { return ScriptInterpreter::globals(); }
 
-void forgetRan() { globals().attr("pop")("ran", bp::object()); }
-
 }  // namespace
 
 ScriptTest::ScriptTest() {
-  ScriptInterpreter::start();
   ScriptCommands::add("sentinel", bp::raw_function(sentinel));
   globals()["true"] = true;
   globals()["false"] = false;
-  forgetRan();
   calls = 0;
   ScriptPolicy::allow(false);
   ScriptPolicy::clearRefusals();
@@ -43,8 +39,8 @@ ScriptTest::~ScriptTest() {
   while (!ScriptPolicy::presentSet().empty())
     sendSelection("");
   ScriptPolicy::allow(false);
-  // It may hold objects of the scene, and the interpreter outlives the test.
-  forgetRan();
+  // New ones may hold objects of the scene, and the interpreter outlives the test.
+  _names.restore();
 }
 
 int ScriptTest::sentinelCalls() { return calls; }
