@@ -53,6 +53,6 @@ bool Output::giveBack() { return _descriptor >= 0 && dup2(_descriptor, STDOUT_FI
 void Output::write(const std::string& text) {
   const int error = writeAll(_descriptor, text);
   if (error == 0) return;
-  throw Failure{ExitCode::OutputNotWritten, "cannot write", "standard output",
-                std::strerror(error)};
+  throw Failure{ExitCode::OutputNotWritten, "cannot write", "standard output", std::strerror(error),
+                error};
 }
