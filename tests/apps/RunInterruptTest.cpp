@@ -41,7 +41,7 @@ class RunInterruptTest : public RunTest {
 
  private:
   /** Several tests run at once, and slower than the command at work. */
-  static constexpr int slowness = 5;
+  static constexpr int slowness = 30;
 };
 
 TEST_F(RunInterruptTest, EndsAnEndlessScript) {
