@@ -13,6 +13,8 @@ struct Failure {
   std::string where;
   /** Why; may be empty. */
   std::string reason;
+  /** The number of the system's error where that is the reason, otherwise 0. */
+  int systemError = 0;
 };
 
 /** For people; names as they came. */

@@ -55,6 +55,6 @@ bool Output::isTerminal() const { return isatty(_descriptor) == 1; }
 void Output::write(const std::string& text) {
   const int error = writeAll(_descriptor, text);
   if (error == 0) return;
-  throw Failure{ExitCode::OutputNotWritten, "cannot write", "standard output",
-                std::strerror(error)};
+  throw Failure{ExitCode::OutputNotWritten, "cannot write", "standard output", std::strerror(error),
+                error};
 }

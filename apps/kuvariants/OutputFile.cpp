@@ -11,6 +11,7 @@
 
 #include "Failure.h"
 #include "Output.h"
+#include "standalone/kernel/SystemError.h"
 
 namespace {
 
@@ -58,19 +59,24 @@ void OutputFile::check(const std::string& path) {
 void OutputFile::prepare(const std::string& content) {
   if (isStandardOutput(_path)) fail("standard output has the result alone");
   if (isSpecial(_path)) {
-    if (const int error = writeDirectly(_path, content)) fail(std::strerror(error));
+    if (const int error = writeDirectly(_path, content)) fail(std::strerror(error), error);
     return;
   }
   _file = std::make_unique<QSaveFile>(QFile::decodeName(_path.c_str()));
   if (!_file->open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeWhole(*_file, content)) {
-    fail(_file->errorString().toStdString());
+    failAsFile();
   }
 }
 
 void OutputFile::put() {
-  if (_file && !_file->commit()) fail(_file->errorString().toStdString());
+  if (_file && !_file->commit()) failAsFile();
 }
 
-void OutputFile::fail(const std::string& reason) const {
-  throw Failure{ExitCode::OutputNotWritten, "cannot write", _path, reason};
+void OutputFile::fail(const std::string& reason, int systemError) const {
+  throw Failure{ExitCode::OutputNotWritten, "cannot write", _path, reason, systemError};
+}
+
+void OutputFile::failAsFile() const {
+  const int systemError = kuStandalone::systemErrorOf(*_file);
+  fail(_file->errorString().toStdString(), systemError);
 }

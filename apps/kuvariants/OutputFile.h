@@ -26,7 +26,10 @@ class OutputFile {
   static bool isSpecial(const std::string& path);
 
  private:
-  [[noreturn]] void fail(const std::string& reason) const;
+  /** @param systemError the number of the system's error, 0 for another reason. */
+  [[noreturn]] void fail(const std::string& reason, int systemError = 0) const;
+  /** With what the file has just told of. */
+  [[noreturn]] void failAsFile() const;
 
   std::string _path;
   std::unique_ptr<QSaveFile> _file;

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <QBuffer>
 #include <QRegularExpression>
+#include <cerrno>
 
 #include "Commands.h"
 #include "Failure.h"
@@ -69,5 +70,5 @@ QByteArray pictureFile(const QImage& picture, const std::string& path) {
   if (!picture.isNull() && picture.save(&buffer, jpeg ? "JPG" : "PNG", jpeg ? jpegQuality : -1)) {
     return file;
   }
-  throw Failure{ExitCode::OutputNotWritten, "cannot make picture", path, "out of memory"};
+  throw Failure{ExitCode::OutputNotWritten, "cannot make picture", path, "out of memory", ENOMEM};
 }

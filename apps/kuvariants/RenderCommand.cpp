@@ -5,6 +5,7 @@
 #include "JsonWriter.h"
 #include "Rendering.h"
 #include "Selection.h"
+#include "TerminalDialogs.h"
 #include "Text.h"
 
 namespace {
@@ -126,6 +127,12 @@ void addRenderCommand(CLI::App& app, Invocation& invocation) {
       "  kuvariants render car.gltf car.xml -o pictures\n"
       "  kuvariants render car.gltf car.xml -o pictures --set Summer --size 1920x1080");
   command->callback([&invocation, options] {
-    invocation.run = [options](const Invocation& chosen) { return render(*options, chosen); };
+    invocation.run = [options](const Invocation& chosen) {
+      // A set's script may capture.
+      const TerminalDialogs dialogs(TerminalDialogs::Answer::Ask);
+      Outcome outcome = render(*options, chosen);
+      dialogs.tellRefusal();
+      return outcome;
+    };
   });
 }

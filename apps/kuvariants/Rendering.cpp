@@ -57,7 +57,7 @@ void makeFolder(const std::string& folder) {
   fs::create_directories(folder, error);
   if (!error && fs::is_directory(folder, error)) return;
   throw Failure{ExitCode::OutputNotWritten, "cannot write", folder,
-                error ? error.message() : "not a folder"};
+                error ? error.message() : "not a folder", error.value()};
 }
 
 /** Whole, or not at all. */

@@ -6,6 +6,7 @@
 #include "Diagnostics.h"
 #include "Output.h"
 #include "Selection.h"
+#include "TerminalDialogs.h"
 #include "scripting/ScriptRun.h"
 #include "standalone/script/ScriptPolicy.h"
 
@@ -42,7 +43,9 @@ void checkTogether(const Invocation& invocation, const UserScript& script) {
 }
 
 Outcome runOnScene(const UserScript& script, Output& output) {
+  const TerminalDialogs dialogs(TerminalDialogs::Answer::Ask);
   const ScriptEnd end = runScript(script, output.giveBack());
+  dialogs.tellRefusal();
   const std::string held = heldBackText(kuStandalone::ScriptPolicy::refusalCount());
   if (!held.empty()) printDiagnostic(held);
   Outcome outcome;

@@ -12,7 +12,9 @@
 namespace {
 
 [[noreturn]] void fail() {
-  throw Failure{ExitCode::OutputNotWritten, "cannot write", "file in memory", std::strerror(errno)};
+  const int error = errno;
+  throw Failure{ExitCode::OutputNotWritten, "cannot write", "file in memory", std::strerror(error),
+                error};
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "Commands.h"
 #include "PictureOptions.h"
 #include "Selection.h"
+#include "TerminalDialogs.h"
 #include "VariantOption.h"
 
 namespace {
@@ -66,7 +67,10 @@ void addSelectCommand(CLI::App& app, Invocation& invocation) {
   command->callback([&invocation, options] {
     checkTogether(*options);
     invocation.run = [options](const Invocation& chosen) {
+      // A set's script may capture.
+      const TerminalDialogs dialogs(TerminalDialogs::Answer::Ask);
       const SelectionReport report = selectAll(*options);
+      dialogs.tellRefusal();
       return chosen.common.json ? selectionJson(report) : selectionText(report);
     };
   });

@@ -48,6 +48,13 @@ TerminalDialogs::TerminalDialogs(Answer answer) : _answer(answer) {
 
 TerminalDialogs::~TerminalDialogs() { hideProgress(); }
 
+void TerminalDialogs::tellRefusal() const {
+  if (!_refused) return;
+  printDiagnostic(
+      "warning: a script's capture did nothing: nodes share a name, and the question "
+      "whether to rename them was answered \"no\"");
+}
+
 bool TerminalDialogs::eventFilter(QObject* object, QEvent* event) {
   if (event->type() == QEvent::Show) {
     if (auto* box = qobject_cast<QMessageBox*>(object)) {
@@ -86,6 +93,8 @@ bool TerminalDialogs::isYes(const QMessageBox& box) const {
 void TerminalDialogs::showProgress(const QProgressDialog& dialog) {
   if (isatty(STDERR_FILENO) != 1) return;
   _progressShown = true;
+  // One that is deleted without being hidden is no progress dialogue any more when it tells.
+  connect(&dialog, &QObject::destroyed, this, &TerminalDialogs::hideProgress);
   print("\r" + dialog.labelText() + "\x1b[K");
 }
 

@@ -23,6 +23,9 @@ class TerminalDialogs : public QObject {
   /** Whether a question was answered "no". */
   bool refused() const { return _refused; }
 
+  /** Tells on standard error that a script's capture did nothing for that. */
+  void tellRefusal() const;
+
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
   void timerEvent(QTimerEvent* event) override;

@@ -75,7 +75,8 @@ void savePresentScene(const std::string& path) {
   if (result.status == SceneSaveResult::Status::Saved) return;
   // The error begins with the file.
   const std::size_t reason = std::min(path.size() + 2, result.error.size());
-  throw Failure{ExitCode::OutputNotWritten, "cannot write", path, result.error.substr(reason)};
+  throw Failure{ExitCode::OutputNotWritten, "cannot write", path, result.error.substr(reason),
+                result.systemError};
 }
 
 /** The picture of the present scene; made before signals are held back, since it takes a while. */

@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <csignal>
 #include <cstdlib>
 
@@ -215,7 +216,9 @@ TEST_F(RenderOutputTest, InterruptedLeavesWholeFilesOnly) {
   write("two.xml", R"(<Variants><VariantSet name="A"/><VariantSet name="B"/></Variants>)");
   start(process, {"render", "room.gltf", "two.xml", "-o", "out", "--size", "600x400", "--samples",
                   "1", "--previews", "shown.xml", "--sheet", "all.png"});
-  while (!exists("out/A.png") && process.state() == QProcess::Running)
+  QElapsedTimer waiting;
+  waiting.start();
+  while (!exists("out/A.png") && process.state() == QProcess::Running && waiting.elapsed() < 60000)
     process.waitForFinished(1);
   kill(static_cast<pid_t>(process.processId()), SIGINT);
   EXPECT_EQ(finish(process).code, 130);

@@ -49,11 +49,11 @@ const EndRow ends[] = {
     {"ExitWithTuple", "import sys; sys.exit((1, 2))", 1, "(1, 2)\n"},
     {"Quit", "quit(3)", 3, ""},
     {"SystemExitAsClass", "raise SystemExit", 0, ""},
-    {"Exception", "def f():\n    return 1 / 0\nf()", 1,
+    {"Exception", "def f():\n    raise ValueError('why')\nf()", 1,
      "Traceback (most recent call last):\n"
      "  File \"script.py\", line 3, in <module>\n    f()\n"
-     "  File \"script.py\", line 2, in f\n    return 1 / 0\n           ~~^~~\n"
-     "ZeroDivisionError: division by zero\n"},
+     "  File \"script.py\", line 2, in f\n    raise ValueError('why')\n"
+     "ValueError: why\n"},
     {"SyntaxError", "print('never')\n)", 1,
      "  File \"script.py\", line 2\n    )\n    ^\nSyntaxError: unmatched ')'\n"},
     {"KeyboardInterrupt", "raise KeyboardInterrupt", 130,

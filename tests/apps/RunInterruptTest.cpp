@@ -41,7 +41,7 @@ class RunInterruptTest : public RunTest {
 
  private:
   /** Several tests run at once, and slower than the command at work. */
-  static constexpr int slowness = 5;
+  static constexpr int slowness = 30;
 };
 
 TEST_F(RunInterruptTest, EndsAnEndlessScript) {
@@ -118,10 +118,9 @@ TEST_F(RunInterruptTest, OtherSignalsEndTheScriptAtOnce) {
 TEST_F(RunInterruptTest, SecondOneEndsAScriptThatDoesNotListen) {
   // The first waits for a call into C that does not come back.
   write("script.py",
-        "import os, signal, re\n"
-        "pid = os.getpid()\n"
+        "import itertools, os\npid = os.getpid()\n"
         "os.system(f'(sleep 0.5; kill -INT {pid}; sleep 0.5; kill -INT {pid}) >&2 &')\n"
-        "re.match('(a+)+b', 'a' * 60)");
+        "sum(itertools.repeat(0))");
   EXPECT_EQ(run({"run", "car.gltf", "car.xml", "script.py"}).code, 130);
 }
 

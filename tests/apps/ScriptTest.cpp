@@ -1,3 +1,4 @@
+#include <QElapsedTimer>
 #include <csignal>
 
 #include "CliTest.h"
@@ -61,7 +62,9 @@ TEST_F(ScriptTest, ThatNeverEndsIsInterrupted) {
   QProcess process;
   start(process, {"select", "car.gltf", "endless.xml", "S", "--allow-scripts", "--save-scene",
                   "saved.gltf"});
-  while (!exists("running") && process.state() == QProcess::Running)
+  QElapsedTimer waiting;
+  waiting.start();
+  while (!exists("running") && process.state() == QProcess::Running && waiting.elapsed() < 60000)
     process.waitForFinished(10);
   kill(static_cast<pid_t>(process.processId()), SIGINT);
   EXPECT_EQ(finish(process).code, 130);

@@ -120,6 +120,32 @@ const ErrorRow errors[] = {
      "FileNotFoundError: [Errno 2] No such file or directory: 'no/x.glb'"},
     {"SceneOverAFolder", "variants.save_scene('.')",
      "IsADirectoryError: [Errno 21] is a directory: '.'"},
+    {"FullDeviceForADocument", "variants.write_document('/dev/full')",
+     "OSError: [Errno 28] No space left on device: '/dev/full'"},
+    {"TooLongNameOfADocument",
+     "try: variants.write_document('x' * 300)\n"
+     "    except OSError as error: raise ValueError(error.errno)",
+     "ValueError: 36"},
+    {"TooLongNameOfAPicture",
+     "try: variants.render('x' * 300, width=1, height=1, samples=1)\n"
+     "    except OSError as error: raise ValueError(error.errno)",
+     "ValueError: 36"},
+    {"TooLongNameOfAScene",
+     "try: variants.save_scene('x' * 300)\n"
+     "    except OSError as error: raise ValueError(error.errno)",
+     "ValueError: 36"},
+    {"TooLargeDocument",
+     "import resource as r; r.setrlimit(r.RLIMIT_FSIZE, (10, 10)); variants.write_document('x')",
+     "OSError: [Errno 27] File too large: 'x'"},
+    {"TooLargeScene",
+     "import resource as r; r.setrlimit(r.RLIMIT_FSIZE, (10, 10)); variants.save_scene('x')",
+     "OSError: [Errno 27] File too large: 'x'"},
+    {"TooLargePicture",
+     "import resource as r; r.setrlimit(r.RLIMIT_FSIZE, (10, 10));"
+     "variants.render('x', width=9, height=9, samples=1)",
+     "OSError: [Errno 27] File too large: 'x'"},
+    {"PipeForAScene", "import os; os.mkfifo('pipe'); variants.save_scene('pipe')",
+     "OSError: [Errno 5] not a regular file: 'pipe'"},
     {"ErrorOfAFileHasNumberAndName",
      "try: variants.write_document('no/x.xml')\n"
      "    except OSError as error: print(error.errno, error.filename); raise ValueError('end')",

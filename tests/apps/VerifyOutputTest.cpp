@@ -166,7 +166,7 @@ TEST_F(VerifyOutputTest, InterruptedWhileItWaitsForAReaderLeavesNothing) {
   QProcess process;
   // The trace, whose pipe nobody reads, holds it up after the check and before the report.
   start(process, verify({"-o", "report.csv", "--trace", "pipe"}));
-  EXPECT_FALSE(process.waitForFinished(1500));
+  EXPECT_FALSE(process.waitForFinished(3000));
   kill(static_cast<pid_t>(process.processId()), SIGINT);
   EXPECT_EQ(finish(process).code, 130);
   EXPECT_EQ(files(), before);

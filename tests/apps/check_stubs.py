@@ -12,7 +12,8 @@ import sys
 from pathlib import Path
 
 # Runs inside the executable and tells what is there. A function that C++ made tells the names and
-# types of its parameters where arguments do not fit.
+# types of its parameters where arguments do not fit: the host's own in Python's words, as
+# "name(path: str) cannot take (int)", those of the library's modules in C++'s.
 PROBE = r'''
 import inspect, json, re, sys
 import kuVariants as functions, kuVariantSetPtr as sets
@@ -26,16 +27,21 @@ def fails(function):
     except TypeError as error:
         return str(error)
 
-def overloads(function):
-    lines = fails(function).split("C++ signature:\n")[1].splitlines()
-    return [line.strip().split("(", 1)[1].rsplit(")", 1)[0] for line in lines]
+def overloads(function, own=""):
+    """Of the host's own methods, "own" stands for the parameter that they do not tell."""
+    told, host, _ = fails(function).partition(" cannot take ")
+    lines = told.split(" or ") if host else told.split("C++ signature:\n")[1].splitlines()
+    found = [line.strip().split("(", 1)[1].rsplit(")", 1)[0] for line in lines]
+    if not host:
+        return found
+    return [own + re.sub(r"(\w+): (\w+)", r"\2 \1", parameters) for parameters in found]
 
 def members(kind):
     own = {name: value for name, value in vars(kind).items()
            if name not in ("__instance_size__", "__module__") and not hasattr(object, name)}
-    found = {name: None if isinstance(value, property) else overloads(value)
+    found = {name: None if isinstance(value, property) else overloads(value, "self, ")
              for name, value in own.items()}
-    return {**found, "__init__": overloads(kind.__init__)}
+    return {**found, "__init__": overloads(kind.__init__, "self, ")}
 
 def described(names):
     return {name: members(value) if inspect.isclass(value) else

@@ -29,7 +29,9 @@ if(NOT step_output MATCHES "0[.]1[.]0")
 endif()
 
 foreach(page ${DOCDIR}/README.md ${DOCDIR}/docs/document-format.md ${DOCDIR}/docs/variants.xsd
-    ${DOCDIR}/docs/pictures/contact-sheet.jpg
+    ${DOCDIR}/docs/pictures/contact-sheet.jpg ${DOCDIR}/docs/scripting.md
+    ${DOCDIR}/docs/stubs/__builtins__.pyi ${DOCDIR}/docs/stubs/kuVariants.pyi
+    ${DOCDIR}/docs/stubs/kuVariantSetPtr.pyi ${DOCDIR}/docs/stubs/variants.pyi
     ${MANDIR}/man1/kuvariants.1)
   if(NOT EXISTS ${WORK_DIR}/prefix/${page})
     message(FATAL_ERROR "${page} was not installed")

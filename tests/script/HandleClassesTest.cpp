@@ -137,7 +137,7 @@ TEST_F(HandleClasses, WrongTypesAreErrors) {
                            "findMaterials(None, None)", "findNode('Car').setActive('yes')"}) {
     log.clear();
     EXPECT_FALSE(kuScript::run(text)) << text;
-    EXPECT_THAT(log, ElementsAre(HasSubstr("line 1: ArgumentError: "))) << text;
+    EXPECT_THAT(log, ElementsAre(HasSubstr("line 1: TypeError: "))) << text;
   }
 }
 

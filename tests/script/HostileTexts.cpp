@@ -1,6 +1,13 @@
 #include "HostileTexts.h"
 
+#include <Python.h>
+
 namespace {
+
+// What older interpreters cannot read does not bite there.
+constexpr bool kHasWalrus = PY_VERSION_HEX >= 0x03080000;
+constexpr bool kHasMatch = PY_VERSION_HEX >= 0x030A0000;
+constexpr bool kHasGroups = PY_VERSION_HEX >= 0x030B0000;
 
 std::string times(int count, const std::string& text) {
   std::string result;
@@ -23,8 +30,8 @@ const std::vector<HostileText> kStatements = {
     {"While", "while true:\n  sentinel()\n  break", true},
     {"For", "for ran in (1,):\n  pass", true},
     {"With", "with open('/dev/null') as ran: pass", true},
-    {"TryGroup", "try:\n  sentinel()\nexcept* ValueError:\n  pass", true},
-    {"Match", "match 1:\n  case ran: pass", true},
+    {"TryGroup", "try:\n  sentinel()\nexcept* ValueError:\n  pass", kHasGroups},
+    {"Match", "match 1:\n  case ran: pass", kHasMatch},
     {"Try", "try:\n  sentinel()\nfinally:\n  pass", true},
     {"Def", "def ran(): pass", true},
     {"AsyncDef", "async def ran(): pass", true},
@@ -88,7 +95,7 @@ const std::vector<HostileText> kJoined = {
 };
 
 const std::vector<HostileText> kExpressions = {
-    {"Walrus", "(ran := 1)", true},
+    {"Walrus", "(ran := 1)", kHasWalrus},
     {"Lambda", "(lambda: sentinel())()", true},
     {"ListComprehension", "[sentinel() for i in (1,)]", true},
     {"SetComprehension", "{sentinel() for i in (1,)}", true},
@@ -103,13 +110,13 @@ const std::vector<HostileText> kExpressions = {
     {"AsyncComprehension", "[sentinel() async for i in ran]", false},
     {"FormattedTextWithinAnother", "f'{f\"{sentinel()}\"}'", true},
     {"FormattedTextWithASpecification", "f'{1:{sentinel() or 1}}'", true},
-    {"FormattedTextThatTellsItself", "f'{sentinel()=}'", true},
+    {"FormattedTextThatTellsItself", "f'{sentinel()=}'", kHasWalrus},
     {"FormattedRawText", "rf'{sentinel()}'", true},
     {"SliceOfAnItem", "[1][0:sentinel()]", true},
     {"ItemOfTheGlobalNames", "globals()['sentinel']()", true},
     {"Starred", "[*(sentinel(),)]", true},
     {"Matrix", "sentinel() @ 1", true},
-    {"WalrusInAConditional", "1 if (ran := 1) else 0", true},
+    {"WalrusInAConditional", "1 if (ran := 1) else 0", kHasWalrus},
     {"Conditional", "sentinel() if True else 0", true},
     {"And", "true and sentinel()", true},
     {"Or", "false or sentinel()", true},
@@ -146,7 +153,7 @@ const std::vector<HostileText> kExpressions = {
 };
 
 const std::vector<HostileText> kArguments = {
-    {"WalrusArgument", "sentinel(ran := 1)", true},
+    {"WalrusArgument", "sentinel(ran := 1)", kHasWalrus},
     {"LambdaArgument", "sentinel(lambda: 1)", true},
     {"GeneratorArgument", "sentinel(i for i in (1,))", true},
     {"StarredArgument", "sentinel(*(1, 2))", true},
@@ -161,7 +168,7 @@ const std::vector<HostileText> kArguments = {
     {"ComparisonArgument", "sentinel(1 < 2)", true},
     {"Repetition", "sentinel('a' * 9)", true},
     {"Shift", "sentinel(1 << 9)", true},
-    {"WalrusWithinAVector", "sentinel(Vec3f((ran := 1), 2, 3))", true},
+    {"WalrusWithinAVector", "sentinel(Vec3f((ran := 1), 2, 3))", kHasWalrus},
     {"VectorInWideDigits", "sentinel(Vec3f(\xEF\xBC\x91, 2, 3))", false},
     {"VectorOfCommands", "sentinel(Vec3f(sentinel(), 2, 3))", true},
     {"NodeClassArgument", "sentinel(kuNodePtr())", true},

@@ -26,11 +26,9 @@ bp::object globals() { return ScriptInterpreter::globals(); }
 }  // namespace
 
 ScriptTest::ScriptTest() {
-  ScriptInterpreter::start();
   ScriptCommands::add("sentinel", bp::raw_function(sentinel));
   globals()["true"] = true;
   globals()["false"] = false;
-  globals().attr("pop")("ran", bp::object());
   calls = 0;
   ScriptPolicy::allow(false);
   ScriptPolicy::clearRefusals();
@@ -41,6 +39,8 @@ ScriptTest::~ScriptTest() {
   while (!ScriptPolicy::presentSet().empty())
     sendSelection("");
   ScriptPolicy::allow(false);
+  // New ones may hold objects of the scene, and the interpreter outlives the test.
+  _names.restore();
 }
 
 int ScriptTest::sentinelCalls() { return calls; }

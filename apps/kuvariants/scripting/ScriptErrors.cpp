@@ -3,7 +3,6 @@
 #include <sys/stat.h>
 
 #include <cerrno>
-#include <cstring>
 
 #include "Failure.h"
 
@@ -24,12 +23,8 @@ bool isDirectory(const std::string& path) {
   return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-/** The error's number that a reason in the system's words stands for; EIO for other words. */
 int errorNumber(const Failure& failure) {
-  constexpr int last = 133;
-  for (int number = 1; number <= last; ++number) {
-    if (failure.reason == std::strerror(number)) return number;
-  }
+  if (failure.systemError != 0) return failure.systemError;
   return isDirectory(failure.where) ? EISDIR : EIO;
 }
 

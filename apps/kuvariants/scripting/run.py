@@ -2,6 +2,7 @@
 
 import atexit
 import code
+import gc
 import io
 import os
 import signal
@@ -136,10 +137,21 @@ def run_prompt(banner, names):
     return guarded(lambda: console.interact(banner=banner, exitmsg=""))
 
 
+def flush_files():
+    """Files that a script left open keep what it wrote, as with Python."""
+    for kind in io.TextIOWrapper, io.BufferedWriter, io.BufferedRandom:
+        for file in [one for one in gc.get_objects() if issubclass(type(one), kind)]:
+            try:
+                file.flush()
+            except (OSError, ValueError):
+                pass  # Closed; or full, which Python does not tell either.
+
+
 def finish():
     """What Python does at its end: waits for threads, calls what is registered for the exit."""
     threading._shutdown()
     atexit._run_exitfuncs()
+    flush_files()
 
 
 def ended(result):
@@ -148,11 +160,20 @@ def ended(result):
     return result if last == (0, True) or last[0] == 1 else last
 
 
+def is_open(stream):
+    """Whether there is something to flush; a script may put anything into a stream's place."""
+    try:
+        return hasattr(stream, "flush") and not getattr(stream, "closed", False)
+    except ValueError:
+        return False  # What is below it was taken away.
+
+
 def flush():
     """Why standard output could not take everything, or None."""
     try:
-        if sys.__stdout__:
-            sys.__stdout__.flush()
+        for stream in getattr(sys, "stdout", None), sys.__stdout__:
+            if is_open(stream):
+                stream.flush()
     except (OSError, ValueError) as error:
         return getattr(error, "strerror", None) or str(error)
     return None

@@ -58,6 +58,8 @@ struct SceneSaveResult {
   Status status = Status::CannotWrite;
   /** "file: reason"; empty after Saved. */
   std::string error;
+  /** The number of the system's error; 0 where the reason is another one. */
+  int systemError = 0;
 };
 
 /**

@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 #include <QSaveFile>
+#include <cerrno>
 
 #include "standalone/gltf/AnimationWriter.h"
 #include "standalone/gltf/GltfJson.h"
@@ -9,6 +10,7 @@
 #include "standalone/gltf/NodeWriter.h"
 #include "standalone/gltf/SceneFile.h"
 #include "standalone/gltf/ViewWriter.h"
+#include "standalone/kernel/SystemError.h"
 
 namespace kuStandalone {
 namespace {
@@ -24,17 +26,24 @@ bool writeWhole(QSaveFile& file, const QByteArray& bytes) {
   return true;
 }
 
-/** Writes all bytes or leaves what stands there. Answers the reason of a failure. */
-QString writeFile(const QString& path, const QByteArray& bytes) {
+/** Why a file could not be written: in words, empty if it could, and as the system's number. */
+struct WriteFault {
+  QString reason;
+  int systemError = 0;
+};
+
+/** Writes all bytes or leaves what stands there. */
+WriteFault writeFile(const QString& path, const QByteArray& bytes) {
   const QFileInfo present(path);
-  if (present.isDir()) return "is a directory";
+  if (present.isDir()) return {"is a directory", EISDIR};
   // What is no file, a device or a pipe, would be replaced by one.
-  if (present.exists() && !present.isFile()) return "is no regular file";
+  if (present.exists() && !present.isFile()) return {"is no regular file"};
   QSaveFile file(path);
   file.setDirectWriteFallback(false);
   const bool opened = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
   if (opened && writeWhole(file, bytes) && file.commit()) return {};
-  return file.errorString();
+  const int systemError = systemErrorOf(file);
+  return {file.errorString(), systemError};
 }
 
 }  // namespace
@@ -58,11 +67,12 @@ SceneSaveResult saveScene(const Scene& scene, const std::string& path) {
   try {
     const QString file = QString::fromStdString(path);
     const bool binary = file.endsWith(".glb", Qt::CaseInsensitive);
-    const QString reason = writeFile(file, sceneData(scene, binary));
-    if (reason.isEmpty()) {
+    const WriteFault fault = writeFile(file, sceneData(scene, binary));
+    if (fault.reason.isEmpty()) {
       result.status = SceneSaveResult::Status::Saved;
     } else {
-      result.error = path + ": " + reason.toStdString();
+      result.error = path + ": " + fault.reason.toStdString();
+      result.systemError = fault.systemError;
     }
   } catch (const std::exception& refusal) {
     result.error = path + ": " + refusal.what();

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <boost/python/def.hpp>
 #include <boost/python/import.hpp>
 #include <boost/python/scope.hpp>
 
+#include "standalone/script/Refusal.h"
 #include "standalone/script/ScriptCommands.h"
 
 namespace kuStandalone {
@@ -16,7 +16,7 @@ template <class Function, class... Options>
 void defineCommand(const char* name, Function function, const Options&... options) {
   const boost::python::object module = boost::python::import("__main__");
   const boost::python::scope inside(module);
-  boost::python::def(name, function, options...);
+  defineFunction(name, function, options...);
   ScriptCommands::add(name, module.attr(name));
 }
 

@@ -5,6 +5,7 @@
 
 #include "host/utils/kuMaterialPtr.h"
 #include "host/utils/kuNodePtr.h"
+#include "standalone/script/Refusal.h"
 
 /**
  * @file
@@ -31,9 +32,14 @@ std::size_t hashOf(const Handle& handle) {
   return std::hash<const void*>()(objectOf(handle));
 }
 
+/** What all handles have. @param signature how one is made in Python. */
 template <class Handle>
-void defineIdentity(boost::python::class_<Handle>& handleClass) {
-  handleClass.def("__eq__", holdSame<Handle>)
+void defineHandle(boost::python::class_<Handle>& handleClass, const char* signature) {
+  const Refusal refusal;
+  refusal.enter(handleClass, "__init__");
+  refusal.setSignature(signature);
+  handleClass.def(boost::python::init<>())
+      .def("__eq__", holdSame<Handle>)
       .def("__ne__", holdOthers<Handle>)
       .def("__hash__", hashOf<Handle>)
       .def("__bool__", &Handle::isValid);

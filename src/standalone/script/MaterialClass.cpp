@@ -57,20 +57,22 @@ void defineMaterialClass() {
       "kuMaterialPtr",
       "A material of the scene, or none. Without a material it is false, answers nothing and does "
       "nothing. Those of the same material are equal. It keeps its material, also one that the "
-      "scene has no longer.");
-  defineIdentity(materialClass);
-  materialClass
-      .def("isValid", &kuMaterialPtr::isValid, bp::arg("self"), "Whether it holds a material.")
-      .def("getName", materialName, bp::arg("self"),
-           "The material's name; empty without a material.")
-      .def("getChoice", choice, bp::arg("self"),
-           "The index of the material that a switch material shows; None if it is no switch.")
-      .def("setChoice", setChoice, (bp::arg("self"), bp::arg("choice")),
-           "Sets which material a switch material shows; nothing happens if it is no switch. "
-           "IndexError for a material that there is not.")
-      .def("getSubMaterials", subMaterials, bp::arg("self"),
-           "The materials that a switch material has, as a list; empty if it has none.")
-      .def("__repr__", representation);
+      "scene has no longer.",
+      bp::no_init);
+  defineHandle(materialClass, "kuMaterialPtr()");
+  const bp::arg self("self");
+  defineMethod(materialClass, "isValid", &kuMaterialPtr::isValid, self,
+               "Whether it holds a material.");
+  defineMethod(materialClass, "getName", materialName, self,
+               "The material's name; empty without a material.");
+  defineMethod(materialClass, "getChoice", choice, self,
+               "The index of the material that a switch material shows; None if it is no switch.");
+  defineMethod(materialClass, "setChoice", setChoice, (self, bp::arg("choice")),
+               "Sets which material a switch material shows; nothing happens if it is no switch. "
+               "IndexError for a material that there is not.");
+  defineMethod(materialClass, "getSubMaterials", subMaterials, self,
+               "The materials that a switch material has, as a list; empty if it has none.");
+  materialClass.def("__repr__", representation);
 }
 
 }  // namespace kuStandalone

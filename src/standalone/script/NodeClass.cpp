@@ -70,26 +70,27 @@ void defineNodeClass() {
       "kuNodePtr",
       "A node of the scene, or none. Without a node it is false, answers nothing and does nothing. "
       "Those of the same node are equal. It keeps its node, also one that the scene has no "
-      "longer.");
-  defineIdentity(nodeClass);
-  nodeClass.def("isValid", &kuNodePtr::isValid, bp::arg("self"), "Whether it holds a node.")
-      .def("getName", nodeName, bp::arg("self"), "The node's name; empty without a node.")
-      .def("getActive", nodeActive, bp::arg("self"),
-           "The node's visibility flag; False without a node.")
-      .def("setActive", setNodeActive, (bp::arg("self"), bp::arg("active")),
-           "Sets the node's visibility flag; nothing happens without a node.")
-      .def("getChoice", choice, bp::arg("self"),
-           "The index of the child that a switch shows, -1 for none, -2 for all; None if the node "
-           "is no switch.")
-      .def("setChoice", setChoice, (bp::arg("self"), bp::arg("choice")),
-           "Sets which child a switch shows, -1 for none, -2 for all; nothing happens if the node "
-           "is "
-           "no switch. IndexError for a child that there is not.")
-      .def("getChildren", children, bp::arg("self"),
-           "The nodes right below it, as a list; empty without a node.")
-      .def("getParent", parent, bp::arg("self"),
-           "The node right above it; a kuNodePtr that is not valid at the top.")
-      .def("__repr__", representation);
+      "longer.",
+      bp::no_init);
+  defineHandle(nodeClass, "kuNodePtr()");
+  const bp::arg self("self");
+  defineMethod(nodeClass, "isValid", &kuNodePtr::isValid, self, "Whether it holds a node.");
+  defineMethod(nodeClass, "getName", nodeName, self, "The node's name; empty without a node.");
+  defineMethod(nodeClass, "getActive", nodeActive, self,
+               "The node's visibility flag; False without a node.");
+  defineMethod(nodeClass, "setActive", setNodeActive, (self, bp::arg("active")),
+               "Sets the node's visibility flag; nothing happens without a node.");
+  defineMethod(nodeClass, "getChoice", choice, self,
+               "The index of the child that a switch shows, -1 for none, -2 for all; None if the "
+               "node is no switch.");
+  defineMethod(nodeClass, "setChoice", setChoice, (self, bp::arg("choice")),
+               "Sets which child a switch shows, -1 for none, -2 for all; nothing happens if the "
+               "node is no switch. IndexError for a child that there is not.");
+  defineMethod(nodeClass, "getChildren", children, self,
+               "The nodes right below it, as a list; empty without a node.");
+  defineMethod(nodeClass, "getParent", parent, self,
+               "The node right above it; a kuNodePtr that is not valid at the top.");
+  nodeClass.def("__repr__", representation);
 }
 
 }  // namespace kuStandalone

@@ -77,14 +77,15 @@ kuNodePtr findNodePath(const std::string& path) {
 void defineSceneFunctions() {
   const bp::scope globals{bp::import("__main__")};
   // What a script alone may call; those behind it are commands.
-  bp::def("findNode", findNode, bp::arg("name"),
-          "The first node of that name; a kuNodePtr that is not valid if there is none.");
-  bp::def("findNodes", findNodes, bp::arg("name"),
-          "All nodes of that name, clones included, as a list.");
-  bp::def("findMaterial", findMaterial, bp::arg("name"),
-          "The first material of that name; a kuMaterialPtr that is not valid if there is none.");
-  bp::def("findMaterials", findMaterials, bp::arg("name"),
-          "All materials of that name, as a list.");
+  defineFunction("findNode", findNode, bp::arg("name"),
+                 "The first node of that name; a kuNodePtr that is not valid if there is none.");
+  defineFunction("findNodes", findNodes, bp::arg("name"),
+                 "All nodes of that name, clones included, as a list.");
+  defineFunction(
+      "findMaterial", findMaterial, bp::arg("name"),
+      "The first material of that name; a kuMaterialPtr that is not valid if there is none.");
+  defineFunction("findMaterials", findMaterials, bp::arg("name"),
+                 "All materials of that name, as a list.");
   defineCommand("findNodePath", findNodePath, bp::arg("path"),
                 "The node of that path: the names from below the scene's root down to the node, "
                 "joined by \"/\". A kuNodePtr that is not valid, and a warning, if there is none.");

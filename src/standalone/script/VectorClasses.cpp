@@ -5,6 +5,7 @@
 
 #include "host/osg/Vector.h"
 #include "standalone/script/HostFunctions.h"
+#include "standalone/script/Refusal.h"
 
 namespace bp = boost::python;
 
@@ -62,8 +63,13 @@ float component(const V& vector) {
 }
 
 template <class V, std::size_t I>
-void setComponent(V& vector, float value) {
-  vector[I] = value;
+void setComponent(V& vector, const bp::object& value) {
+  const bp::extract<float> number(value);
+  if (!number.check()) {
+    PyErr_Format(PyExc_TypeError, "a component is a float, not %s", Py_TYPE(value.ptr())->tp_name);
+    throw bp::error_already_set();
+  }
+  vector[I] = number;
 }
 
 template <class V>
@@ -83,20 +89,26 @@ bool isUnequal(const V& a, const V& b) {
 
 template <class V>
 void defineVectorClass(const char* name, const char* text) {
-  bp::class_<V>(name, text)
+  bp::class_<V> vectorClass(name, text, bp::no_init);
+  const Refusal refusal;
+  refusal.enter(vectorClass, "__init__");
+  refusal.setSignature(std::string(name) + "() or " + name + "(x: float, y: float, z: float)");
+  vectorClass.def(bp::init<>())
       .def(bp::init<float, float, float>((bp::arg("x"), bp::arg("y"), bp::arg("z"))))
       .add_property("x", component<V, 0>, setComponent<V, 0>)
       .add_property("y", component<V, 1>, setComponent<V, 1>)
       .add_property("z", component<V, 2>, setComponent<V, 2>)
       .def("__len__", length<V>)
-      .def("__getitem__", item<V>)
-      .def("__setitem__", setItem<V>)
       .def("__eq__", isEqual<V>)
       .def("__ne__", isUnequal<V>)
       .def("__str__", textOf<V>)
       .def("__repr__", representation<V>)
       // They can change and compare by value.
       .setattr("__hash__", bp::object());
+  const bp::arg self("self");
+  const bp::arg index("index");
+  defineMethod(vectorClass, "__getitem__", item<V>, (self, index));
+  defineMethod(vectorClass, "__setitem__", setItem<V>, (self, index, bp::arg("value")));
 }
 
 }  // namespace
