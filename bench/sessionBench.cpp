@@ -140,8 +140,8 @@ void row(benchmark::State& state, const QString& url, kuVariantSet* set) {
       set->select(true, false, false);
     if (!partners.waitForRuns(commandsInARow)) state.SkipWithError("a partner is gone");
   }
-  state.counters["commands_per_second"] = benchmark::Counter(
-      double(state.iterations()) * commandsInARow, benchmark::Counter::kIsRate);
+  state.counters["commands_per_second"] =
+      benchmark::Counter(double(state.iterations()) * commandsInARow, benchmark::Counter::kIsRate);
 }
 
 /** No time: how long a selection is on its way. */
@@ -158,7 +158,11 @@ bool registerAll(const QString& url) {
   const QByteArray frame = frameOf(set);
   benchmark::RegisterBenchmark("publish", publish, url, frame)->UseRealTime();
   benchmark::RegisterBenchmark("push", push, url, set)
-      ->Arg(0)->Arg(1)->Arg(3)->Arg(8)->UseManualTime();
+      ->Arg(0)
+      ->Arg(1)
+      ->Arg(3)
+      ->Arg(8)
+      ->UseManualTime();
   benchmark::RegisterBenchmark("row", row, url, set)->Arg(1)->Arg(3)->Arg(8)->UseRealTime();
   benchmark::RegisterBenchmark("bytes", bytes, frame.size(), frameOf(setOfSwitches()).size());
   return true;

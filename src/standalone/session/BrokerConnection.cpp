@@ -79,6 +79,8 @@ void setTimes(OptionSetter& set, const SessionOptions& options) {
   set(natsOptions_SetReconnectJitter, std::int64_t(100), std::int64_t(100));
   // What cannot be sent now is kept here, by the session, and nowhere else.
   set(natsOptions_SetReconnectBufSize, 0);
+  // A command is one small message, and somebody waits for it.
+  set(natsOptions_SetSendAsap, true);
 }
 
 void setCallbacks(OptionSetter& set, SessionInbox* inbox) {

@@ -154,6 +154,18 @@ BrokerStream::Subscription BrokerStream::waitingIn(unsigned number) {
   return {number, info->NumPending + info->Delivered.Consumer};
 }
 
+bool BrokerStream::send(const QByteArray& subject, const QByteArray& bytes, const QByteArray& id) {
+  natsMsg* made = nullptr;
+  if (natsMsg_Create(&made, subject.constData(), nullptr, bytes.constData(), bytes.size()) !=
+      NATS_OK) {
+    return false;
+  }
+  const BrokerMessage message(made);
+  natsMsgHeader_Set(made, "Nats-Msg-Id", id.constData());
+  natsMsgHeader_Set(made, "Nats-Expected-Stream", _parts->name.constData());
+  return natsConnection_PublishMsg(_connection.link(), made) == NATS_OK;
+}
+
 Publication BrokerStream::publish(const QByteArray& subject, const QByteArray& bytes,
                                   const QByteArray& id) {
   jsPubOptions options;

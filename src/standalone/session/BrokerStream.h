@@ -55,6 +55,8 @@ class BrokerStream {
   /** To everything from a place on. */
   Subscription subscribeFrom(std::uint64_t sequence);
 
+  /** Sends a message on its way, and does not wait; false if there is no way. */
+  bool send(const QByteArray& subject, const QByteArray& bytes, const QByteArray& id);
   /** Sends a message and waits for its acknowledgement. What has the id of one that the broker took
    * some minutes ago it takes no second time. */
   Publication publish(const QByteArray& subject, const QByteArray& bytes, const QByteArray& id);

@@ -57,6 +57,9 @@ class Session::Parts {
   struct Outgoing {
     SessionFrame frame;
     QByteArray subject, bytes;
+
+    /** By which the broker knows it again. */
+    QByteArray messageId() const;
   };
   Outgoing outgoing(SessionFrame::Kind kind, const QString& type, const QByteArray& payload) const;
   bool isTooLong(const Outgoing& out) const;
@@ -64,6 +67,8 @@ class Session::Parts {
   bool mayPublish() const;
   Publication publish(const Outgoing& out);
   void awaitOwn(kuSessionCommand& command, const Outgoing& out);
+  /** False if nothing came for as long as the options say. */
+  bool waitForMore();
   void runAlone(kuSessionCommand& command, const Outgoing& out, bool isSent);
   void keep(const Outgoing& out, bool isSent);
   void runHere(kuSessionCommand& command);

@@ -10,6 +10,10 @@ constexpr int kSentAtOnce = 50;
 
 }  // namespace
 
+QByteArray Session::Parts::Outgoing::messageId() const {
+  return frame.id.toByteArray(QUuid::WithoutBraces);
+}
+
 Session::Parts::Outgoing Session::Parts::outgoing(SessionFrame::Kind kind, const QString& type,
                                                   const QByteArray& payload) const {
   Outgoing out;
@@ -45,19 +49,15 @@ void Session::Parts::push(const kuSessionCommand& pushed) {
   out.subject = _subject.command(name, keyOf(command));
   if (isTooLong(out)) return runHere(command);
   if (!mayPublish()) return runAlone(command, out, false);
-  switch (publish(out)) {
-    case Publication::Stored:
-      return awaitOwn(command, out);
-    case Publication::Unknown:
-      return runAlone(command, out, false);
-    case Publication::Refused:
-      return runHere(command);
+  if (!_stream->send(out.subject, out.bytes, out.messageId())) {
+    becomeAlone(QStringLiteral("it takes nothing"));
+    return runAlone(command, out, false);
   }
+  awaitOwn(command, out);
 }
 
 Publication Session::Parts::publish(const Outgoing& out) {
-  const QByteArray id = out.frame.id.toByteArray(QUuid::WithoutBraces);
-  const Publication answer = _stream->publish(out.subject, out.bytes, id);
+  const Publication answer = _stream->publish(out.subject, out.bytes, out.messageId());
   if (answer == Publication::Unknown) becomeAlone(QStringLiteral("it does not answer"));
   if (answer == Publication::Refused) {
     kuLog::error("Session: the broker refuses %s", out.subject.constData());
@@ -65,22 +65,33 @@ Publication Session::Parts::publish(const Outgoing& out) {
   return answer;
 }
 
+/** That a command comes back says that the stream has it. Where it does not come back in time the
+ * stream is asked. */
 void Session::Parts::awaitOwn(kuSessionCommand& command, const Outgoing& out) {
   Awaited awaited{out.frame.id, &command};
   _awaited = &awaited;
   _lastRun = Clock::now();
-  while (_isLinked && !awaited.hasRun) {
-    const auto left = _lastRun + _options.acknowledgeTimeout - Clock::now();
-    const auto limit = std::chrono::duration_cast<std::chrono::milliseconds>(left);
-    if (limit.count() <= 0 || !_inbox->waitForMore(limit)) {
-      becomeAlone(QStringLiteral("it delivers nothing"));
+  Publication answer = Publication::Unknown;
+  while (_isLinked && !awaited.hasRun && answer != Publication::Refused) {
+    if (!waitForMore()) {
+      const bool wasStored = answer == Publication::Stored;
+      if (!wasStored) answer = publish(out);
+      if (wasStored) becomeAlone(QStringLiteral("it delivers nothing"));
+      _lastRun = Clock::now();
     }
     takeNews();
     deliver();
   }
   _awaited = nullptr;
-  if (!awaited.hasRun) runAlone(command, out, true);
+  if (!awaited.hasRun && answer == Publication::Refused) return runHere(command);
+  if (!awaited.hasRun) runAlone(command, out, answer == Publication::Stored);
   _again.start();
+}
+
+bool Session::Parts::waitForMore() {
+  const auto left = _lastRun + _options.acknowledgeTimeout - Clock::now();
+  const auto limit = std::chrono::duration_cast<std::chrono::milliseconds>(left);
+  return limit.count() > 0 && _inbox->waitForMore(limit);
 }
 
 void Session::Parts::runAlone(kuSessionCommand& command, const Outgoing& out, bool isSent) {

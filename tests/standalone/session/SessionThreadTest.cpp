@@ -1,6 +1,6 @@
-// A session under way, for ThreadSanitizer: the threads of the broker's client bring messages, signs
-// of life, losses and returns while the main thread pushes, runs and leaves. It is built of the
-// session's own sources, so that the instrumented build is a matter of a minute.
+// A session under way, for ThreadSanitizer: the threads of the broker's client bring messages,
+// signs of life, losses and returns while the main thread pushes, runs and leaves. It is built of
+// the session's own sources, so that the instrumented build is a matter of a minute.
 
 #include <gtest/gtest.h>
 #include <nats/nats.h>
@@ -83,9 +83,9 @@ class SessionThreadTest : public ::testing::Test {
   SessionThreadTest() { sessionNotes().clear(); }
 
   std::unique_ptr<Session> join() {
-    Session::Joining joining = Session::join(
-        testOptions(broker.url(), "review", "Ada"),
-        [this](const SessionEvent& event) { events << eventText(event); });
+    Session::Joining joining =
+        Session::join(testOptions(broker.url(), "review", "Ada"),
+                      [this](const SessionEvent& event) { events << eventText(event); });
     EXPECT_EQ(joining.error, QString());
     return std::move(joining.session);
   }
