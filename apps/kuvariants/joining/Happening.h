@@ -36,6 +36,10 @@ struct Happening {
   /** Of Selected: whether it was made here, whether it goes to the partners, and whether it has
    * gone out. */
   bool isOwn = false, isShared = true, isSent = true;
+  /** Of Selected: what everyone knows the command by, and its place in the order of all, 0 where it
+   * ran here alone. */
+  QString id{};
+  std::uint64_t sequence = 0;
   /** Of Joined, Selected and State. */
   SelectionReport report{};
   /** Of Partners. */

@@ -70,6 +70,10 @@ void writeSelected(JsonWriter& json, const Happening& it) {
   json.entry("own", it.isOwn);
   json.entry("shared", it.isShared);
   json.entry("sent", it.isShared && it.isSent);
+  if (it.isShared) {
+    json.entry("sequence", it.sequence);
+    json.entry("id", it.id);
+  }
   writeChanges(json, it.report);
 }
 

@@ -104,6 +104,8 @@ void Participation::tellSelected(const SessionEvent& event) {
   Happening selected{Happening::What::Selected, {}, {}, event.partner};
   selected.isOwn = event.own;
   selected.isSent = event.sequence > 0;
+  selected.sequence = event.sequence;
+  selected.id = event.id.toString(QUuid::WithoutBraces);
   selected.report = _changes.take();
   tell(selected);
 }
