@@ -20,5 +20,6 @@ install(FILES
 install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 # In a folder of their own, as in the sources: so the links of the README lead to them.
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR}
-  FILES_MATCHING PATTERN "*.md" PATTERN "*.xsd" PATTERN "*.jpg" PATTERN "*.pyi")
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.xsd" PATTERN "*.jpg" PATTERN "*.pyi"
+  PATTERN "convergence.py")
 install(FILES docs/kuvariants.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

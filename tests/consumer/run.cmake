@@ -30,6 +30,7 @@ endif()
 
 foreach(page ${DOCDIR}/README.md ${DOCDIR}/docs/document-format.md ${DOCDIR}/docs/variants.xsd
     ${DOCDIR}/docs/pictures/contact-sheet.jpg ${DOCDIR}/docs/scripting.md
+    ${DOCDIR}/docs/sessions.md ${DOCDIR}/docs/convergence.py
     ${DOCDIR}/docs/stubs/__builtins__.pyi ${DOCDIR}/docs/stubs/kuVariants.pyi
     ${DOCDIR}/docs/stubs/kuVariantSetPtr.pyi ${DOCDIR}/docs/stubs/variants.pyi
     ${MANDIR}/man1/kuvariants.1)
