@@ -81,6 +81,8 @@ void LiveTest::expectSameStates(const Partners& partners) {
 }
 
 void LiveTest::expectSameOrder(const Partners& partners, int count) {
+  for (LivePartner* partner : partners)
+    partner->waitForCommands(count);
   const QStringList order = orderOf(partners.front()->commands());
   EXPECT_EQ(order.size(), count);
   EXPECT_EQ(QStringList(order).removeDuplicates(), 0);

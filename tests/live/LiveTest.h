@@ -29,7 +29,7 @@ class LiveTest : public ::testing::Test {
   void forget(const LivePartner& partner);
 
   /** "nats://127.0.0.1:port/review" */
-  QString url() const { return broker->url() + "/review"; }
+  virtual QString url() const { return broker->url() + "/review"; }
   /** Writes a file of the test's own, and answers its name. */
   QString write(const QString& name, const QByteArray& text);
   static QByteArray sample(const QString& name);
