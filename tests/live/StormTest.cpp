@@ -23,7 +23,8 @@ TEST_F(LiveTest, ThreeWhoSelectAtOnceRunTheSameCommandsInTheSameOrderAndEndAlike
   const Partners all{&ada, &ben, &cleo};
   settle(all);
   expectSameOrder(all, 3 * each + 3);
-  EXPECT_GE(changesOfSender(ada.commands()), 10) << "they did not select at once";
+  // One after the other would be two.
+  EXPECT_GT(changesOfSender(ada.commands()), 2) << "they did not select at once";
   expectSameStates(all);
 }
 
