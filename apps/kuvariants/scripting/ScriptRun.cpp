@@ -34,7 +34,8 @@ bp::dict runFunctions() {
   bp::dict functions;
   functions["__builtins__"] = bp::import("builtins");
   const bp::object code(bp::handle<>(Py_CompileString(runText, "<run>", Py_file_input)));
-  bp::object(bp::handle<>(PyEval_EvalCode(code.ptr(), functions.ptr(), functions.ptr())));
+  const bp::object done(
+      bp::handle<>(PyEval_EvalCode(code.ptr(), functions.ptr(), functions.ptr())));
   return functions;
 }
 

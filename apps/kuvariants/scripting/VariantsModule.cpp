@@ -75,7 +75,7 @@ void defineModule() {
   names["__builtins__"] = bp::import("builtins");
   const bp::object code(
       bp::handle<>(Py_CompileString(variantsModuleText, "<variants>", Py_file_input)));
-  bp::object(bp::handle<>(PyEval_EvalCode(code.ptr(), names.ptr(), names.ptr())));
+  const bp::object done(bp::handle<>(PyEval_EvalCode(code.ptr(), names.ptr(), names.ptr())));
 }
 
 PyModuleDef definitionOf(const char* name) {

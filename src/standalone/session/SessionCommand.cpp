@@ -17,6 +17,15 @@ MadeCommand notMade(const QString& reason) {
   return {kuSessionCommandFactory::Command(nullptr, [](kuSessionCommand*) {}), reason};
 }
 
+QByteArray written(const kuSessionCommand& command,
+                   void (kuSessionCommand::*write)(QDataStream&) const) {
+  QByteArray bytes;
+  QDataStream stream(&bytes, QIODevice::WriteOnly);
+  prepareSessionStream(stream);
+  (command.*write)(stream);
+  return bytes;
+}
+
 }  // namespace
 
 MadeCommand makeCommand(const SessionFrame& frame) {
@@ -33,19 +42,11 @@ MadeCommand makeCommand(const SessionFrame& frame) {
 }
 
 QByteArray payloadOf(const kuSessionCommand& command) {
-  QByteArray bytes;
-  QDataStream stream(&bytes, QIODevice::WriteOnly);
-  prepareSessionStream(stream);
-  command.write(stream);
-  return bytes;
+  return written(command, &kuSessionCommand::write);
 }
 
 QByteArray keyOf(const kuSessionCommand& command) {
-  QByteArray bytes;
-  QDataStream stream(&bytes, QIODevice::WriteOnly);
-  prepareSessionStream(stream);
-  command.writeKey(stream);
-  return bytes;
+  return written(command, &kuSessionCommand::writeKey);
 }
 
 bool CommandRun::isRunning() { return running() > 0; }
