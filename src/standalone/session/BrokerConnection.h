@@ -1,5 +1,7 @@
 #pragma once
 
+#include <nats/nats.h>
+
 #include <QByteArray>
 #include <QString>
 #include <cstdint>
@@ -8,9 +10,6 @@
 #include "standalone/session/SessionInbox.h"
 #include "standalone/session/SessionOptions.h"
 #include "standalone/session/SessionSubject.h"
-
-struct __natsConnection;
-struct __natsSubscription;
 
 namespace kuStandalone {
 
@@ -43,14 +42,14 @@ class BrokerConnection {
   const SessionOptions& options() const;
   const SessionSubject& subject() const;
   /** The client's own handle. */
-  __natsConnection* link() const;
+  natsConnection* link() const;
   /** For a subscription of its own; it holds until the connection is over. Its numbers are never 0.
    */
   BrokerReceiver* makeReceiver();
 
   /** Takes over a subscription that has ended: the client's threads may still be at it, so it is
    * freed when the connection is over. */
-  void keepUntilClosed(__natsSubscription* subscription);
+  void keepUntilClosed(natsSubscription* subscription);
 
   /** Tells those who are there now; nobody knows whether it arrives. */
   void announce(const QByteArray& bytes);

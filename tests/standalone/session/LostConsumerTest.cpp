@@ -25,7 +25,8 @@ class Administrator {
   int removeConsumers(const QByteArray& stream) {
     const QJsonArray names = ask("$JS.API.CONSUMER.NAMES." + stream)["consumers"].toArray();
     for (const QJsonValue& name : names) {
-      const QByteArray subject = "$JS.API.CONSUMER.DELETE." + stream + "." + name.toString().toUtf8();
+      const QByteArray subject =
+          "$JS.API.CONSUMER.DELETE." + stream + "." + name.toString().toUtf8();
       EXPECT_TRUE(ask(subject)["success"].toBool());
     }
     return names.size();
@@ -34,7 +35,8 @@ class Administrator {
  private:
   QJsonObject ask(const QByteArray& subject) {
     natsMsg* reply = nullptr;
-    EXPECT_EQ(natsConnection_Request(&reply, _connection, subject.constData(), "", 0, 5000), NATS_OK);
+    EXPECT_EQ(natsConnection_Request(&reply, _connection, subject.constData(), "", 0, 5000),
+              NATS_OK);
     if (!reply) return {};
     const QByteArray text(natsMsg_GetData(reply), natsMsg_GetDataLength(reply));
     natsMsg_Destroy(reply);
