@@ -117,25 +117,35 @@ struct BrokerConnection::Parts {
   BrokerLink link;
   BrokerSubscription presence;
   std::vector<BrokerSubscription> ended;
+  std::vector<BrokerJetStream> endedContexts;
 };
 
 BrokerConnection::BrokerConnection(const SessionOptions& options,
                                    std::shared_ptr<SessionInbox> inbox)
-    : _parts(
-          new Parts{options, SessionSubject(options.session), std::move(inbox), {}, {}, {}, {}}) {}
+    : _parts(new Parts{
+          options, SessionSubject(options.session), std::move(inbox), {}, {}, {}, {}, {}}) {}
+
+/** Threads of the client may be at work for a moment after the connection has closed, and read what
+ * has been freed by then. So what they were given stays as long as the process; it is small. */
+void BrokerConnection::keepForEver(std::unique_ptr<Parts> parts) {
+  static auto* const kept = new std::vector<std::unique_ptr<Parts>>;
+  kept->push_back(std::move(parts));
+}
 
 BrokerConnection::~BrokerConnection() {
-  if (!_parts->link) return;
-  natsConnection_FlushTimeout(_parts->link.get(), 500);
-  natsConnection_Close(_parts->link.get());
-  const bool isClosed = _parts->inbox->waitForClosed(kCloseLimit);
-  // A thread that is stuck may still use these: better never freed than too early.
-  if (!isClosed) static_cast<void>(_parts.release());
+  if (_parts->link) {
+    natsConnection_FlushTimeout(_parts->link.get(), 500);
+    natsConnection_Close(_parts->link.get());
+    _parts->inbox->waitForClosed(kCloseLimit);
+  }
+  keepForEver(std::move(_parts));
 }
 
-void BrokerConnection::keepUntilClosed(natsSubscription* subscription) {
+void BrokerConnection::keepEnded(natsSubscription* subscription) {
   _parts->ended.emplace_back(subscription);
 }
+
+void BrokerConnection::keepEnded(jsCtx* context) { _parts->endedContexts.emplace_back(context); }
 
 QString BrokerConnection::open() {
   natsOptions* made = nullptr;

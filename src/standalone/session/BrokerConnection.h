@@ -47,15 +47,16 @@ class BrokerConnection {
    */
   BrokerReceiver* makeReceiver();
 
-  /** Takes over a subscription that has ended: the client's threads may still be at it, so it is
-   * freed when the connection is over. */
-  void keepUntilClosed(natsSubscription* subscription);
+  // What has ended is taken over: the client's threads may still be at it.
+  void keepEnded(natsSubscription* subscription);
+  void keepEnded(jsCtx* context);
 
   /** Tells those who are there now; nobody knows whether it arrives. */
   void announce(const QByteArray& bytes);
 
  private:
   struct Parts;
+  static void keepForEver(std::unique_ptr<Parts> parts);
   QString subscribePresence();
 
   std::unique_ptr<Parts> _parts;

@@ -92,10 +92,13 @@ BrokerStream::BrokerStream(BrokerConnection& connection)
   _parts->context.reset(context);
 }
 
-BrokerStream::~BrokerStream() { retire(); }
+BrokerStream::~BrokerStream() {
+  retire();
+  _connection.keepEnded(_parts->context.release());
+}
 
 void BrokerStream::retire() {
-  if (_parts->subscription) _connection.keepUntilClosed(_parts->subscription.release());
+  if (_parts->subscription) _connection.keepEnded(_parts->subscription.release());
 }
 
 BrokerStream::State BrokerStream::find() {

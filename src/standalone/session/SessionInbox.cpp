@@ -28,8 +28,9 @@ bool SessionInbox::isFullFor(const SessionDelivery& delivery) {
 
 void SessionInbox::put(SessionDelivery delivery) {
   const std::lock_guard<std::mutex> lock(_mutex);
-  if (isFullFor(delivery)) return;
   _isClosed = _isClosed || delivery.kind == SessionDelivery::Kind::Closed;
+  if (_isSilent) return _changed.notify_all();
+  if (isFullFor(delivery)) return;
   const bool isMessage = delivery.kind == SessionDelivery::Kind::Message;
   if (isMessage) _bytes += delivery.bytes.size();
   (isMessage ? _messages : _news).push_back(std::move(delivery));
@@ -37,6 +38,14 @@ void SessionInbox::put(SessionDelivery delivery) {
   if (_isWakePosted) return;
   _isWakePosted = true;
   QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+}
+
+void SessionInbox::silence() {
+  const std::lock_guard<std::mutex> lock(_mutex);
+  _isSilent = true;
+  _wake = nullptr;
+  _news.clear();
+  _messages.clear();
 }
 
 std::deque<SessionDelivery> SessionInbox::takeNews() {

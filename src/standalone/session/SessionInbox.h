@@ -59,8 +59,8 @@ class KUHOST_EXPORT SessionInbox : public QObject {
   bool waitForClosed(std::chrono::milliseconds limit);
   /** Whether messages of a subscription were dropped. */
   bool hasOverflown(unsigned subscription) const;
-  /** Nobody is woken from now on. */
-  void silence() { _wake = nullptr; }
+  /** From now on nobody is woken, and nothing is taken but the word that the connection is over. */
+  void silence();
 
  protected:
   bool event(QEvent* event) override;
@@ -75,7 +75,7 @@ class KUHOST_EXPORT SessionInbox : public QObject {
   std::size_t _mostMessages;
   qint64 _bytes = 0;
   unsigned _overflown = 0;
-  bool _isWakePosted = false, _isClosed = false;
+  bool _isWakePosted = false, _isClosed = false, _isSilent = false;
 };
 
 }  // namespace kuStandalone

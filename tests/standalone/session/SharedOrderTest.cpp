@@ -1,5 +1,7 @@
 // Everyone runs every command, in one order.
 
+#include <QRegularExpression>
+
 #include "SessionTest.h"
 
 #include <QMessageBox>
@@ -144,7 +146,9 @@ TEST_F(SessionTest, ALateJoinerHasJoinedWhenAllThatWasThereHasRun) {
   push("B", "1");
   PartnerProcess ben(broker.url(), "review", "Ben");
   ben.waitFor("joined");
-  EXPECT_EQ(ben.printed().mid(0, 3), (QStringList{"ran Note of Ada", "ran Note of Ada", "joined"}));
+  // Ada's sign of life comes at any moment.
+  const QStringList told = ben.printed().filter(QRegularExpression("^(?!came)"));
+  EXPECT_EQ(told.mid(0, 3), (QStringList{"ran Note of Ada", "ran Note of Ada", "joined"}));
 }
 
 TEST_F(SessionTest, WhoJoinsAnEmptySessionHasJoinedAtOnce) {
