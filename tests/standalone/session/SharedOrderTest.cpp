@@ -1,11 +1,10 @@
 // Everyone runs every command, in one order.
 
+#include <QMessageBox>
 #include <QRegularExpression>
+#include <QSet>
 
 #include "SessionTest.h"
-
-#include <QMessageBox>
-#include <QSet>
 
 #include "host/session/kuSessionClient.h"
 #include "standalone/kernel/HostState.h"
