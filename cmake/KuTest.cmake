@@ -1,4 +1,6 @@
-# ku_test(NAME SOURCES...): an executable of tests, one per folder, run by CTest.
+# ku_test(NAME SOURCES...): an executable of tests, one per folder, run by CTest: as a whole (label
+# "whole", what a full run takes, since a process per test costs several times as much) and test by
+# test (label "single", for those who ask for some by name).
 include(GoogleTest)
 
 set_property(DIRECTORY APPEND PROPERTY
@@ -13,7 +15,13 @@ function(ku_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES" ${ARGN})
   ku_executable(${name} ${ARG_SOURCES} ${PROJECT_BINARY_DIR}/SanitizerOptions.cpp)
   target_link_libraries(${name} PRIVATE kuTestSupport ${ARG_LIBRARIES})
-  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+  ku_run_tests(${name})
+endfunction()
+
+function(ku_run_tests name)
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES LABELS whole TIMEOUT 900 ENVIRONMENT "GTEST_BRIEF=1")
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES LABELS single TIMEOUT 120)
 endfunction()
 
 # For tests that run a program of another kind; tests of ours choose all of it themselves.
