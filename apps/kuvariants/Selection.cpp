@@ -2,15 +2,11 @@
 
 #include "Diagnostics.h"
 #include "Failure.h"
+#include "SceneChanges.h"
 #include "Text.h"
 #include "manager/kuVariants.h"
 #include "model/kuVariant.h"
 #include "model/kuVariantSet.h"
-#include "standalone/animation/AnimationPlayer.h"
-#include "standalone/scene/Scene.h"
-#include "standalone/script/ScriptPolicy.h"
-
-using namespace kuStandalone;
 
 namespace {
 
@@ -57,32 +53,7 @@ void selectSet(const QString& name, const SelectOptions& options) {
   }
 }
 
-QString presentViewpoint() { return QString::fromStdString(Scene::the().activeViewpoint); }
-
 }  // namespace
-
-std::vector<VariantChange> presentStates() {
-  std::vector<VariantChange> states;
-  for (const Kind& kind : kinds()) {
-    for (const kuVariant* variant : kind.variants()) {
-      states.push_back({&kind, variant->getName(), variant->getCurrent(), {}});
-    }
-  }
-  return states;
-}
-
-std::vector<VariantChange> compare(const std::vector<VariantChange>& before) {
-  std::map<std::pair<const Kind*, QString>, QString> former;
-  for (const VariantChange& one : before)
-    former[{one.kind, one.variant}] = one.before;
-  std::vector<VariantChange> changes = presentStates();
-  for (VariantChange& change : changes) {
-    change.after = change.before;
-    const auto known = former.find({change.kind, change.variant});
-    if (known != former.end()) change.before = known->second;
-  }
-  return changes;
-}
 
 void failUnknown(const std::string& what, const std::string& where, const QString& name,
                  const QStringList& existing) {
@@ -136,22 +107,13 @@ void selectOne(const StateRequest& request) {
 SelectionReport selectAll(const SelectOptions& options) {
   checkNames(options);
   if (options.restoreMaterials && !options.useDefaults) warnWhereNotRestored(options.sets);
-  const std::vector<VariantChange> before = presentStates();
-  SelectionReport report;
-  report.viewpointBefore = presentViewpoint();
-  AnimationPlayer::clearStarted();
-  ScriptPolicy::clearRefusals();
-  for (const QString& set : options.sets) {
+  SceneChanges changes;
+  for (const QString& set : options.sets)
     selectSet(set, options);
-    report.sets += set;
-  }
-  for (const StateRequest& request : options.states) {
+  for (const StateRequest& request : options.states)
     existingVariant(*request.kind, request.variant).select(request.state);
-    report.states.push_back(request);
-  }
-  report.variants = compare(before);
-  report.viewpoint = presentViewpoint();
-  report.animations = AnimationPlayer::started();
-  report.scriptsHeldBack = ScriptPolicy::refusalCount();
+  SelectionReport report = changes.take();
+  report.sets = QStringList(options.sets.begin(), options.sets.end());
+  report.states = options.states;
   return report;
 }

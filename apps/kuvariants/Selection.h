@@ -77,13 +77,6 @@ kuVariant& existingVariant(const Kind& kind, const QString& name);
 /** Puts one variant into a state. Throws a Failure for a variant or a state that does not exist. */
 void selectOne(const StateRequest& request);
 
-/** The states that all variants have now, as those before a change. */
-std::vector<VariantChange> presentStates();
-
-/** The states that all variants have now, beside those which they had before, as far as they were
- * there. */
-std::vector<VariantChange> compare(const std::vector<VariantChange>& before);
-
 /** Checks every name, then selects. Throws a Failure for a name that does not exist. */
 SelectionReport selectAll(const SelectOptions& options);
 

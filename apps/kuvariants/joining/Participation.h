@@ -7,9 +7,9 @@
 
 #include "CommandLine.h"
 #include "Interrupt.h"
+#include "SceneChanges.h"
 #include "joining/JoinPrinter.h"
 #include "joining/LineInput.h"
-#include "joining/SceneChanges.h"
 #include "standalone/session/Session.h"
 
 /** Takes part in a session, from joining it to leaving it, and obeys what is typed. */

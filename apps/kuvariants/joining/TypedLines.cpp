@@ -66,7 +66,8 @@ void Participation::obeyText(const QString& text) {
     known += verb.name;
   const QStringList near = nearestNames(word, known);
   const QString hint = near.isEmpty() ? QString() : "; did you mean " + near.join(" or ") + '?';
-  fault(text, "there is no \"" + word + '"' + hint + " (help tells what there is)");
+  fault(text, "there is no \"" + QString::fromStdString(onOneLine(word.toStdString())) + '"' +
+                  hint + " (help tells what there is)");
 }
 
 void Participation::obeyVerb(const Verb& verb, const QString& text, const QString& rest) {

@@ -71,7 +71,6 @@ class Session::Parts {
   bool waitForMore();
   void runAlone(kuSessionCommand& command, const Outgoing& out, bool isSent);
   void keep(const Outgoing& out, bool isSent);
-  void runHere(kuSessionCommand& command);
   void sendKept();
   void sendOneKept(KeptFrame& frame);
 

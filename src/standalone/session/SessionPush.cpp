@@ -44,10 +44,11 @@ void Session::Parts::push(const kuSessionCommand& pushed) {
   auto& command = const_cast<kuSessionCommand&>(pushed);
   const unsigned type = command.getType();
   const QString name = QString::fromStdString(kuSessionCommandFactory::the().nameOf(type));
-  if (CommandRun::isRunning() || name.isEmpty() || _blocked.count(type)) return runHere(command);
+  if (CommandRun::isRunning() || name.isEmpty() || _blocked.count(type))
+    return CommandRun::run(command);
   Outgoing out = outgoing(SessionFrame::Kind::Command, name, payloadOf(command));
   out.subject = _subject.command(name, keyOf(command));
-  if (isTooLong(out)) return runHere(command);
+  if (isTooLong(out)) return CommandRun::run(command);
   if (!mayPublish()) return runAlone(command, out, false);
   if (!_stream->send(out.subject, out.bytes, out.messageId())) {
     becomeAlone(QStringLiteral("it takes nothing"));
@@ -83,7 +84,7 @@ void Session::Parts::awaitOwn(kuSessionCommand& command, const Outgoing& out) {
     deliver();
   }
   _awaited = nullptr;
-  if (!awaited.hasRun && answer == Publication::Refused) return runHere(command);
+  if (!awaited.hasRun && answer == Publication::Refused) return CommandRun::run(command);
   if (!awaited.hasRun) runAlone(command, out, answer == Publication::Stored);
   _again.start();
 }
@@ -106,8 +107,6 @@ void Session::Parts::keep(const Outgoing& out, bool isSent) {
   }
   if (_isLinked) _again.start();
 }
-
-void Session::Parts::runHere(kuSessionCommand& command) { CommandRun::run(command); }
 
 void Session::Parts::pushScript(const QByteArray& text) {
   Outgoing out = outgoing(SessionFrame::Kind::Script, QString(), text);

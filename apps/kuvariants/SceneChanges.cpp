@@ -1,8 +1,10 @@
-#include "joining/SceneChanges.h"
+#include "SceneChanges.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
+#include "model/kuVariant.h"
 #include "standalone/animation/AnimationPlayer.h"
 #include "standalone/scene/Scene.h"
 #include "standalone/script/ScriptPolicy.h"
@@ -23,6 +25,32 @@ QString selectedSet(const PassedMessage& message) {
 }
 
 QString presentViewpoint() { return QString::fromStdString(Scene::the().activeViewpoint); }
+
+/** The states that all variants have now, as those before a change. */
+std::vector<VariantChange> presentStates() {
+  std::vector<VariantChange> states;
+  for (const Kind& kind : kinds()) {
+    for (const kuVariant* variant : kind.variants()) {
+      states.push_back({&kind, variant->getName(), variant->getCurrent(), {}});
+    }
+  }
+  return states;
+}
+
+/** The states that all variants have now, beside those which they had before, as far as they were
+ * there. */
+std::vector<VariantChange> compare(const std::vector<VariantChange>& before) {
+  std::map<std::pair<const Kind*, QString>, QString> former;
+  for (const VariantChange& one : before)
+    former[{one.kind, one.variant}] = one.before;
+  std::vector<VariantChange> changes = presentStates();
+  for (VariantChange& change : changes) {
+    change.after = change.before;
+    const auto known = former.find({change.kind, change.variant});
+    if (known != former.end()) change.before = known->second;
+  }
+  return changes;
+}
 
 bool hasChanged(const VariantChange& one) { return one.before != one.after; }
 
