@@ -19,7 +19,8 @@ bool SessionInbox::isFullFor(const SessionDelivery& delivery) {
   using Kind = SessionDelivery::Kind;
   if (delivery.kind == Kind::Presence) return _news.size() >= kMostSigns;
   if (delivery.kind != Kind::Message) return false;
-  if (delivery.subscription == _overflown) return true;
+  // What came before that one is of no use either, and must not take its place here.
+  if (delivery.subscription <= _overflown) return true;
   const qint64 bytes = _bytes + delivery.bytes.size();
   const bool isFull = _messages.size() >= _mostMessages || bytes > kMostBytes;
   if (isFull) _overflown = delivery.subscription;

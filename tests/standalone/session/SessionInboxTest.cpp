@@ -58,6 +58,20 @@ TEST(SessionInboxTest, AFullOneDropsAllThatIsLeftOfTheSubscription) {
   EXPECT_EQ(sequencesIn(inbox), (std::vector<std::uint64_t>{2, 3}));
 }
 
+TEST(SessionInboxTest, WhatStillComesOfAnEarlierSubscriptionHidesNotThatALaterOneHasOverflown) {
+  SessionInbox inbox({}, 2);
+  for (std::uint64_t sequence = 1; sequence <= 3; ++sequence)
+    inbox.put(message(1, sequence));
+  EXPECT_EQ(sequencesIn(inbox), (std::vector<std::uint64_t>{1, 2}));
+  for (std::uint64_t sequence = 3; sequence <= 5; ++sequence)
+    inbox.put(message(2, sequence));
+  inbox.put(message(1, 6));
+  EXPECT_TRUE(inbox.hasOverflown(2));
+  EXPECT_EQ(sequencesIn(inbox), (std::vector<std::uint64_t>{3, 4}));
+  inbox.put(message(2, 6));
+  EXPECT_EQ(sequencesIn(inbox), std::vector<std::uint64_t>());
+}
+
 TEST(SessionInboxTest, BytesCountToo) {
   SessionInbox inbox({});
   const int megabytes = 64 << 20;
@@ -90,6 +104,19 @@ TEST(SessionInboxTest, WakesOnceForAllThatHasCome) {
   inbox.silence();
   QCoreApplication::processEvents();
   EXPECT_EQ(woken, 2);
+}
+
+TEST(SessionInboxTest, ASilentOneTakesNothingButTheEnd) {
+  SessionInbox inbox({});
+  inbox.put(message(1, 1));
+  inbox.silence();
+  inbox.put(message(1, 2));
+  inbox.put(news(SessionDelivery::Kind::Lost));
+  EXPECT_FALSE(inbox.firstMessage());
+  EXPECT_TRUE(inbox.takeNews().empty());
+  EXPECT_FALSE(inbox.waitForClosed(milliseconds(1)));
+  inbox.put(news(SessionDelivery::Kind::Closed));
+  EXPECT_TRUE(inbox.waitForClosed(milliseconds(1)));
 }
 
 TEST(SessionInboxTest, WaitsForWhatAnotherThreadPuts) {
