@@ -11,6 +11,7 @@ namespace {
 const kuSessionCommandFactory::Register<NoteCommand> note("Note");
 const kuSessionCommandFactory::Register<PassingNoteCommand> passing("PassingNote");
 const kuSessionCommandFactory::Register<UrgentNoteCommand> urgent("UrgentNote");
+const kuSessionCommandFactory::Register<DistantNoteCommand> distant("DistantNote");
 const kuSessionCommandFactory::Register<NestingNoteCommand> nesting("NestingNote");
 
 }  // namespace

@@ -23,8 +23,11 @@ class NoteBase : public kuSessionCommand {
   QString mark;
 
  protected:
-  NoteBase(const QString& target, const QString& text, bool isForLateJoiners, bool runsWhileBusy)
-      : kuSessionCommand(true, isForLateJoiners, runsWhileBusy), _target(target), _text(text) {}
+  NoteBase(const QString& target, const QString& text, bool isForLateJoiners, bool runsWhileBusy,
+           bool runsAtSender = true)
+      : kuSessionCommand(runsAtSender, isForLateJoiners, runsWhileBusy),
+        _target(target),
+        _text(text) {}
   ~NoteBase() = default;
 
  private:
@@ -52,6 +55,14 @@ class UrgentNoteCommand final : public NoteBase {
   explicit UrgentNoteCommand(const QString& target = {}, const QString& text = {})
       : NoteBase(target, text, true, true) {}
   static kuSessionCommand* create() { return new UrgentNoteCommand; }
+};
+
+/** Runs at the partners, not at its sender. */
+class DistantNoteCommand final : public NoteBase {
+ public:
+  explicit DistantNoteCommand(const QString& target = {}, const QString& text = {})
+      : NoteBase(target, text, true, false, false) {}
+  static kuSessionCommand* create() { return new DistantNoteCommand; }
 };
 
 /** Pushes a note in turn when it runs, as the selection of a set selects variants. */

@@ -1,64 +1,17 @@
 // What comes from anybody who reaches the broker, and is no partner.
 
-#include <nats/nats.h>
-
-#include <QDataStream>
-
 #include "SessionTest.h"
 #include "manager/kuVariants.h"
+#include "standalone/kernel/HostState.h"
 #include "standalone/script/ClippingSettings.h"
 #include "standalone/session/SessionFrame.h"
 #include "standalone/session/SessionPartners.h"
-#include "standalone/session/SessionStream.h"
 #include "standalone/session/SessionSubject.h"
+#include "support/Stranger.h"
 
 using namespace kuStandalone;
 
 namespace {
-
-/** A client of the broker that is no partner. */
-class Stranger {
- public:
-  explicit Stranger(const QString& url) {
-    EXPECT_EQ(natsConnection_ConnectTo(&_connection, url.toUtf8().constData()), NATS_OK);
-  }
-  ~Stranger() { natsConnection_Destroy(_connection); }
-  Stranger(const Stranger&) = delete;
-  Stranger& operator=(const Stranger&) = delete;
-
-  void send(const QByteArray& subject, const QByteArray& bytes) {
-    EXPECT_EQ(
-        natsConnection_Publish(_connection, subject.constData(), bytes.constData(), bytes.size()),
-        NATS_OK);
-    EXPECT_EQ(natsConnection_FlushTimeout(_connection, 10'000), NATS_OK);
-  }
-
- private:
-  natsConnection* _connection = nullptr;
-};
-
-SessionFrame frameOf(const QString& type, const QByteArray& payload) {
-  SessionFrame frame;
-  frame.id = QUuid::createUuid();
-  frame.sender = QUuid::createUuid();
-  frame.senderName = "Zoe";
-  frame.type = type;
-  frame.payload = payload;
-  return frame;
-}
-
-template <class... Items>
-QByteArray streamOf(const Items&... items) {
-  QByteArray bytes;
-  QDataStream stream(&bytes, QIODevice::WriteOnly);
-  prepareSessionStream(stream);
-  (stream << ... << items);
-  return bytes;
-}
-
-QByteArray note(const QString& target, const QString& text) {
-  return writeFrame(frameOf("Note", streamOf(target, text)));
-}
 
 QByteArray withVersion(QByteArray bytes, char version) {
   bytes[5] = version;
@@ -156,6 +109,37 @@ TEST_F(HostileMessagesTest, TheSameCommandTwiceRunsOnce) {
   stranger.send(subject.command("Note", "y"), bytes);
   stranger.send(anywhere, note("A", "2"));
   EXPECT_EQ(notes(2), (QStringList{"A=1", "A=2"}));
+}
+
+TEST_F(HostileMessagesTest, ACommandOfOnesOwnThatSomebodyRepeatsDoesNotRunAgain) {
+  leave();
+  QUuid id;
+  const Session::Joining joining = Session::join(options(), [&](const SessionEvent& event) {
+    if (event.own) id = event.id;
+  });
+  ASSERT_TRUE(joining.session) << joining.error.toStdString();
+  for (const bool isBusy : {false, true}) {
+    HostState::the().busy = isBusy;
+    push("A", "1");
+    HostState::the().busy = false;
+    waitUntil([&] { return joining.session->unsent() == 0; });
+    sessionNotes().clear();
+    SessionFrame frame = frameOf("Note", streamOf(QString("A"), QString("1")));
+    frame.id = id;
+    frame.sender = joining.session->id();
+    stranger.send(anywhere, writeFrame(frame));
+    settle();
+  }
+}
+
+TEST_F(HostileMessagesTest, WhatIsNoCommandHoldsNothingUpThatMayRunWhileBusy) {
+  HostState::the().busy = true;
+  stranger.send(anywhere, "x");
+  stranger.send(anywhere, withVersion(note("A", "1"), 2));
+  stranger.send(anywhere, writeFrame(frameOf("Nonsense", {})));
+  const QByteArray urgent = streamOf(QString("A"), QString("2"));
+  stranger.send(anywhere, writeFrame(frameOf("UrgentNote", urgent)));
+  EXPECT_EQ(notes(1), QStringList{"A=2"});
 }
 
 TEST_F(HostileMessagesTest, WhoPretendsToBeThisOneIsAPartnerLikeAll) {

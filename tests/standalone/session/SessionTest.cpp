@@ -19,9 +19,9 @@ kuStandalone::SessionOptions SessionTest::options(const QString& partner) const 
   return testOptions(broker.url(), "review", partner);
 }
 
-void SessionTest::join() {
+void SessionTest::join(const kuStandalone::SessionOptions& given) {
   Session::Joining joining =
-      Session::join(options(), [this](const auto& event) { events << eventText(event); });
+      Session::join(given, [this](const auto& event) { events << eventText(event); });
   ASSERT_TRUE(joining.session) << joining.error.toStdString();
   session = std::move(joining.session);
   waitUntil([this] { return session->status() == Session::Status::Joined; });

@@ -26,7 +26,8 @@ class SessionTest : public ::testing::Test {
 
   kuStandalone::SessionOptions options(const QString& partner = "Ada") const;
   /** Joins and waits until all has run that the session holds. */
-  void join();
+  void join() { join(options()); }
+  void join(const kuStandalone::SessionOptions& given);
   void leave() { session.reset(); }
 
   /** Lets the event loop run until something holds; false, and a failure, if it did not in time. */
