@@ -121,6 +121,23 @@ TEST_F(BrokerLossTest, AStoreThatWasWipedIsJoinedAnew) {
   EXPECT_EQ(bens.filter("A=2").size(), 1);
 }
 
+TEST_F(BrokerLossTest, AStoreThatWasWipedIsJoinedAnewAlsoWhereItHoldsMoreThanTheOneBefore) {
+  join();
+  push("A", "1");
+  broker.kill();
+  waitFor("lost");
+  broker.wipe();
+  broker.restart();
+  PartnerProcess ben(broker.url(), "review", "Ben");
+  ben.waitAlone("joined");
+  for (const char* line : {"push B 1", "push C 1", "push C 2"})
+    ben.send(line);
+  ben.waitAlone("ran Note own", 3);
+  waitFor("back");
+  EXPECT_EQ(notes(3), (QStringList{"A=1", "B=1 (joining)", "C=2 (joining)"}));
+  EXPECT_EQ(events.count("joined"), 2);
+}
+
 TEST_F(BrokerLossTest, WhoWasAwayRunsAllThatWasMissedInItsOrder) {
   join();
   PartnerProcess ben(broker.url(), "review", "Ben");
@@ -185,6 +202,23 @@ TEST_F(BrokerLossTest, APushWaitsNoLongerThanTheOptionsSay) {
   broker.resume();
   waitFor("back");
   EXPECT_EQ(session->unsent(), 0u);
+}
+
+TEST_F(BrokerLossTest, TheApplicationDoesNotStandStillWithTheBroker) {
+  join();
+  broker.pause();
+  push("A", "1");
+  ASSERT_EQ(session->status(), Session::Status::Alone);
+  qint64 longest = 0;
+  QElapsedTimer time, turn;
+  for (time.start(); time.elapsed() < 1500;) {
+    turn.start();
+    let(5);
+    longest = std::max(longest, turn.elapsed());
+  }
+  EXPECT_LT(longest, 700);
+  broker.resume();
+  waitFor("back");
 }
 
 TEST_F(BrokerLossTest, ASessionWithoutABrokerEndsInTime) {

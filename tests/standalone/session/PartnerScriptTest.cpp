@@ -3,6 +3,7 @@
 #include "SessionTest.h"
 #include "host/script/kuScript.h"
 #include "script/HostileTexts.h"
+#include "standalone/kernel/HostState.h"
 #include "standalone/script/ClippingSettings.h"
 #include "standalone/script/PartnerCommands.h"
 #include "standalone/script/ScriptPolicy.h"
@@ -91,6 +92,66 @@ TEST_F(PartnerScriptTest, AScriptThatWasSentAloneGoesOutWhenTheBrokerIsBack) {
   ben.waitFor("ran Script of Ada");
   waitFor("back");
   EXPECT_EQ(events.filter("Script"), QStringList());
+}
+
+TEST_F(PartnerScriptTest, AScriptOfAPartnerWaitsWhileTheApplicationIsBusy) {
+  join();
+  PartnerProcess ben(broker.url(), "review", "Ben");
+  ben.waitFor("joined");
+  HostState::the().busy = true;
+  ben.tell("script enableClippingPlane(True)");
+  let(200);
+  EXPECT_FALSE(ClippingSettings::the().enabled);
+  HostState::the().busy = false;
+  waitFor("ran Script of Ben");
+  EXPECT_TRUE(ClippingSettings::the().enabled);
+}
+
+TEST_F(PartnerScriptTest, WhatWasPushedWhileBusyRunsAgainBehindAScriptOfAPartner) {
+  join();
+  PartnerProcess ben(broker.url(), "review", "Ben");
+  ben.waitFor("joined");
+  HostState::the().busy = true;
+  push("A", "1");
+  ben.tell("script enableClippingPlane(True)");
+  let(200);
+  HostState::the().busy = false;
+  EXPECT_EQ(notes(2), (QStringList{"A=1", "A=1"}));
+}
+
+TEST_F(PartnerScriptTest, WhatWasPushedWhileBusyDoesNotRunAgainBehindAScriptOfOnesOwn) {
+  join();
+  HostState::the().busy = true;
+  session->pushScript("enableClippingPlane(True)");
+  push("A", "1");
+  HostState::the().busy = false;
+  waitUntil([this] { return session->unsent() == 0; });
+  push("B", "1");
+  EXPECT_EQ(sessionNotes(), (QStringList{"A=1", "B=1"}));
+}
+
+TEST_F(PartnerScriptTest, AScriptWhoseAcknowledgementIsLostRunsOnce) {
+  join();
+  PartnerProcess ben(broker.url(), "review", "Ben");
+  ben.waitFor("joined");
+  broker.pause();
+  session->pushScript("enableClippingPlane(True)");
+  EXPECT_EQ(session->unsent(), 1u);
+  broker.resume();
+  waitFor("back");
+  ben.waitFor("ran Script of Ada");
+  push("A", "1");
+  ben.notes(1);
+  EXPECT_EQ(ben.printed().filter("Script").size(), 1);
+}
+
+TEST_F(PartnerScriptTest, AScriptThatIsTooLongIsNotSent) {
+  join();
+  session->pushScript(QByteArray(1 << 20, ' '));
+  EXPECT_EQ(session->unsent(), 0u);
+  EXPECT_EQ(session->status(), Session::Status::Joined);
+  ASSERT_EQ(log.size(), 1);
+  EXPECT_TRUE(log[0].contains("is too long for the partners")) << log[0].toStdString();
 }
 
 TEST(PartnerCommandsTest, HostileTextsDoNotRun) {

@@ -131,6 +131,15 @@ TEST(SessionFrameTest, AFrameThatIsTooLongIsBroken) {
   EXPECT_EQ(reasonOf(QByteArray(10 << 20, 'x')), "it is too long");
 }
 
+TEST(SessionFrameTest, TheLongestFrameIsWhole) {
+  SessionFrame frame;
+  frame.payload = QByteArray(kSessionFrameBytes - writeFrame(frame).size(), 'x');
+  EXPECT_EQ(writeFrame(frame).size(), kSessionFrameBytes);
+  EXPECT_EQ(readFrame(writeFrame(frame)).status, Status::Whole);
+  frame.payload += 'x';
+  EXPECT_EQ(reasonOf(writeFrame(frame)), "it is too long");
+}
+
 TEST(SessionFrameTest, ANewerVersionTellsWhoSpeaksIt) {
   const SessionFrameReading reading = readFrame(changed(kVersionAt, QByteArray("\0\2", 2)));
   EXPECT_EQ(reading.status, Status::Newer);

@@ -49,6 +49,21 @@ TEST_F(SessionLogTest, TheEndTellsHowManyWereNotTold) {
                                 "Session: 2 more messages were dropped"}));
 }
 
+TEST_F(SessionLogTest, WhatWasCountedIsNotCountedAgain) {
+  {
+    SessionLog log([this] { return now; });
+    for (int count = 0; count < 3; ++count)
+      log.dropped("", "it is no frame");
+    now += std::chrono::minutes(1);
+    log.dropped("", "it is no frame");
+    now += std::chrono::minutes(1);
+    log.dropped("", "it is no frame");
+  }
+  EXPECT_EQ(lines, (QStringList{"Session: a message was dropped: it is no frame",
+                                "Session: a message was dropped: it is no frame; so were 2 others",
+                                "Session: a message was dropped: it is no frame"}));
+}
+
 TEST_F(SessionLogTest, APartnerCannotForgeALine) {
   SessionLog log([this] { return now; });
   log.dropped("Ben\nerror: x", QString(1000, 'x'));

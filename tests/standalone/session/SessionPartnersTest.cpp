@@ -65,6 +65,17 @@ TEST_F(SessionPartnersTest, NoMorePartnersThanCanBe) {
   EXPECT_EQ(partners.count(), 5000u);
 }
 
+TEST_F(SessionPartnersTest, WhoIsKnownIsHeardAlsoWhereNoMoreCanBe) {
+  hear(ben, Kind::Here);
+  for (int count = 1; count < 5000; ++count)
+    hear({QUuid::createUuid(), "x", 1, false}, Kind::Here, 60'000);
+  now += milliseconds(4000);
+  hear(ben, Kind::Here);
+  now += milliseconds(4000);
+  partners.forgetSilent(now);
+  EXPECT_EQ(partners.count(), 5000u);
+}
+
 TEST_F(SessionPartnersTest, TwoOfOneNameAreTwo) {
   hear(ben, Kind::Here);
   hear({QUuid::createUuid(), "Ben", 1, false}, Kind::Here);
