@@ -28,6 +28,12 @@ class BrokerAdministrator {
     EXPECT_FALSE(ask("$JS.API.STREAM.CREATE." + subject.stream(), text).contains("error"));
   }
 
+  /** Removes a message for good. */
+  void removeMessage(const QByteArray& stream, int sequence) {
+    const QByteArray text = "{\"seq\":" + QByteArray::number(sequence) + "}";
+    EXPECT_TRUE(ask("$JS.API.STREAM.MSG.DELETE." + stream, text)["success"].toBool());
+  }
+
   /** Removes all that a stream delivers to; answers how many there were. */
   int removeConsumers(const QByteArray& stream) {
     const QJsonArray names = ask("$JS.API.CONSUMER.NAMES." + stream)["consumers"].toArray();
@@ -42,7 +48,8 @@ class BrokerAdministrator {
  private:
   QJsonObject ask(const QByteArray& subject, const QByteArray& text = {}) {
     natsMsg* reply = nullptr;
-    EXPECT_EQ(natsConnection_Request(&reply, _connection, subject.constData(), text.constData(), text.size(), 5000),
+    EXPECT_EQ(natsConnection_Request(&reply, _connection, subject.constData(), text.constData(),
+                                     text.size(), 5000),
               NATS_OK);
     if (!reply) return {};
     const QByteArray answer(natsMsg_GetData(reply), natsMsg_GetDataLength(reply));

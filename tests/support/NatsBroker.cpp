@@ -13,6 +13,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcess>
 #include <QThread>
 
 namespace {
@@ -99,6 +100,17 @@ void NatsBroker::wipe() {
   ASSERT_EQ(_process, 0);
   ASSERT_TRUE(QDir(_folder.path() + "/store").removeRecursively());
 }
+
+void NatsBroker::copyStore(const QString& from, const QString& to) {
+  ASSERT_EQ(_process, 0);
+  const QString target = _folder.filePath(to);
+  ASSERT_TRUE(QDir(target).removeRecursively());
+  ASSERT_EQ(QProcess::execute("cp", {"-a", _folder.filePath(from), target}), 0);
+}
+
+void NatsBroker::keepStore() { copyStore("store", "kept"); }
+
+void NatsBroker::putStoreBack() { copyStore("kept", "store"); }
 
 void NatsBroker::pause() {
   ::kill(_process, SIGSTOP);

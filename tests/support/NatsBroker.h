@@ -27,6 +27,10 @@ class NatsBroker {
   void restart();
   /** Empties the store; only while it does not run. */
   void wipe();
+  /** Remembers the store as it is; only while it does not run. */
+  void keepStore();
+  /** The store as it was remembered; only while it does not run. */
+  void putStoreBack();
   /** It stands still: connections stay, nothing is answered. */
   void pause();
   void resume();
@@ -34,6 +38,7 @@ class NatsBroker {
  private:
   void start(int port);
   bool waitForPort();
+  void copyStore(const QString& from, const QString& to);
 
   QTemporaryDir _folder;
   QByteArray _configuration;

@@ -53,6 +53,18 @@ TEST_F(BrokerLossTest, WhatWasDoneAloneGoesToThePartnersWhenTheBrokerIsBack) {
   EXPECT_EQ(sessionNotes(), (QStringList{"A=1", "A=2", "A=3", "A=4"}));
 }
 
+TEST_F(BrokerLossTest, TheBrokerIsBackWhenAllThatWasKeptHasGoneOut) {
+  join();
+  broker.kill();
+  waitFor("lost");
+  for (int number = 1; number <= 120; ++number)
+    push("A", QString::number(number));
+  EXPECT_EQ(session->unsent(), 120u);
+  broker.restart();
+  waitFor("back");
+  EXPECT_EQ(session->unsent(), 0u);
+}
+
 TEST_F(BrokerLossTest, WhatWasMissedRunsFirstAndWhatWasDoneAloneRunsAgainBehindIt) {
   join();
   PartnerProcess ben(broker.url(), "review", "Ben");
@@ -136,6 +148,30 @@ TEST_F(BrokerLossTest, AStoreThatWasWipedIsJoinedAnewAlsoWhereItHoldsMoreThanThe
   waitFor("back");
   EXPECT_EQ(notes(3), (QStringList{"A=1", "B=1 (joining)", "C=2 (joining)"}));
   EXPECT_EQ(events.count("joined"), 2);
+}
+
+TEST_F(BrokerLossTest, AStoreThatWasPutBackToAnEarlierTimeIsJoinedAnew) {
+  join();
+  push("A", "1");
+  broker.kill();
+  waitFor("lost");
+  broker.keepStore();
+  broker.restart();
+  waitFor("back");
+  push("A", "2");
+  push("A", "3");
+  broker.kill();
+  waitFor("lost", 2);
+  broker.putStoreBack();
+  broker.restart();
+  PartnerProcess ben(broker.url(), "review", "Ben");
+  ben.waitAlone("joined");
+  ben.send("push B 1");
+  ben.waitAlone("ran Note own");
+  waitFor("back", 2);
+  push("A", "4");
+  EXPECT_EQ(sessionNotes(), (QStringList{"A=1", "A=2", "A=3", "B=1 (joining)", "A=4"}));
+  EXPECT_EQ(ben.notes(3), (QStringList{"A=1 (joining)", "B=1", "A=4"}));
 }
 
 TEST_F(BrokerLossTest, WhoWasAwayRunsAllThatWasMissedInItsOrder) {

@@ -1,4 +1,4 @@
-// The broker forgets to whom it delivers; the connection stands.
+// The broker forgets to whom it delivers, or what; the connection stands.
 
 #include "SessionTest.h"
 #include "standalone/session/SessionSubject.h"
@@ -25,6 +25,18 @@ TEST_F(LostConsumerTest, WhoOnlyListensHearsOfAllAgainAfterAWhile) {
   ben.tell("push A 2");
   ben.tell("push A 3");
   EXPECT_EQ(notes(3), (QStringList{"A=1", "A=2", "A=3"}));
+}
+
+TEST_F(LostConsumerTest, WhoJoinsDoesNotWaitForALastMessageThatWasRemoved) {
+  PartnerProcess ben(broker.url(), "review", "Ben");
+  ben.waitFor("joined");
+  ben.tell("push A 1");
+  ben.tell("push B 1");
+  BrokerAdministrator(broker.url())
+      .removeMessage(kuStandalone::SessionSubject("review").stream(), 2);
+  join();
+  EXPECT_EQ(sessionNotes(), QStringList{"A=1 (joining)"});
+  EXPECT_TRUE(session->isJoinCompleted());
 }
 
 TEST_F(LostConsumerTest, WhatIsPushedRunsOnceEverywhere) {

@@ -145,6 +145,20 @@ TEST_F(PartnerScriptTest, AScriptWhoseAcknowledgementIsLostRunsOnce) {
   EXPECT_EQ(ben.printed().filter("Script").size(), 1);
 }
 
+TEST_F(PartnerScriptTest, WhatHasGoneOutNeedsNoRoomAnyMore) {
+  join();
+  for (int round = 1; round <= 2; ++round) {
+    HostState::the().busy = true;
+    for (int count = 0; count < 35; ++count)
+      session->pushScript(QByteArray(1'000'000, ' '));
+    EXPECT_EQ(session->unsent(), 35u);
+    HostState::the().busy = false;
+    waitUntil([this] { return session->unsent() == 0; });
+    push("A", QString::number(round));
+  }
+  EXPECT_EQ(log, QStringList());
+}
+
 TEST_F(PartnerScriptTest, AScriptThatIsTooLongIsNotSent) {
   join();
   session->pushScript(QByteArray(1 << 20, ' '));
