@@ -226,6 +226,14 @@ TEST_F(BrokerLossTest, ACommandWhoseAcknowledgementIsLostRunsOnce) {
   EXPECT_EQ(sessionNotes(), (QStringList{"A=1", "A=2"}));
 }
 
+TEST_F(BrokerLossTest, WhoOnlyListensIsToldOfABrokerThatStandsStill) {
+  join();
+  broker.pause();
+  waitFor("lost");
+  broker.resume();
+  waitFor("back");
+}
+
 TEST_F(BrokerLossTest, APushWaitsNoLongerThanTheOptionsSay) {
   join();
   broker.pause();
