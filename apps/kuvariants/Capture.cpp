@@ -115,7 +115,7 @@ CaptureReport run(const CaptureStep& step, const TerminalDialogs& dialogs) {
   report.content = contentOf(*set);
   report.materials = set->getMaterialSnapshots().size();
   report.script = set->getScript().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-  report.switches = difference.switches();
+  report.switches = difference.switches(*set);
   report.renamings = difference.renamings();
   report.hasRenderLayers = hasRenderLayers();
   listNewStates(report.switches);

@@ -6,7 +6,6 @@
 #include "manager/kuVariants.h"
 #include "model/kuVariantSet.h"
 #include "scene/kuMaterialVariant.h"
-#include "standalone/scene/EditBrackets.h"
 #include "standalone/scene/MaterialFields.h"
 #include "standalone/scene/Scene.h"
 #include "standalone/scene/ScenePool.h"
@@ -21,11 +20,23 @@ QString nameOf(const osg::MaterialPtr& material) {
   return QString::fromUtf8(kuMaterials::getName(material));
 }
 
-std::map<QString, QString> materialStates(const kuVariantSet& set) {
-  std::map<QString, QString> states;
-  for (const kuVariantState& state : set.getMaterialVariants())
-    states.emplace(state.getVariant(), state.getState());
+/** Of several states of one variant the first one counts. */
+QHash<QString, QString> materialStates(const kuVariantSet& set) {
+  QHash<QString, QString> states;
+  for (const kuVariantState& state : set.getMaterialVariants()) {
+    if (!states.contains(state.getVariant())) states.insert(state.getVariant(), state.getState());
+  }
   return states;
+}
+
+/** The places of the variants among the set's states. */
+QHash<QString, std::size_t> placesIn(const kuVariantSet& set) {
+  QHash<QString, std::size_t> places;
+  for (const kuVariantState& state : set.getMaterialVariants()) {
+    const auto next = static_cast<std::size_t>(places.size());
+    if (!places.contains(state.getVariant())) places.insert(state.getVariant(), next);
+  }
+  return places;
 }
 
 std::vector<std::string> transformStates(const osg::NodePtr& node) {
@@ -35,37 +46,33 @@ std::vector<std::string> transformStates(const osg::NodePtr& node) {
   return names;
 }
 
-bool isOfFile(const osg::SwitchMaterialPtr& material) {
-  if (material->hostFields().source >= 0) return true;
+std::set<osg::MaterialPtr> fileSwitches() {
+  std::set<osg::MaterialPtr> switches;
   for (const FileVariant& variant : Scene::the().fileVariants) {
-    for (const auto& choice : variant.choices) {
-      if (choice.first == material) return true;
-    }
+    for (const auto& choice : variant.choices)
+      switches.insert(choice.first);
   }
-  return false;
+  return switches;
 }
 
-QStringList variantNames() {
-  QStringList names;
+QSet<QString> variantNames() {
+  QSet<QString> names;
   for (const kuMaterialVariant* variant : kuVariants::getMaterialVariants())
-    names += variant->getName();
+    names.insert(variant->getName());
   return names;
 }
 
 }  // namespace
 
-CaptureDifference::CaptureDifference() : _variants(variantNames()) {
+CaptureDifference::CaptureDifference() : _fileSwitches(fileSwitches()), _variants(variantNames()) {
   for (const osg::MaterialPtr& material : sceneMaterials()) {
     if (const auto known = osg::SwitchMaterialPtr::dcast(material))
       _materials[known] = known->getMaterials();
   }
   for (const kuVariantSet* set : kuVariants::getVariantSets())
-    _states.emplace(set->getName(), materialStates(*set));
+    _states.insert(set->getName(), materialStates(*set));
   if (kuVariantCaptureChecker().hasAmbiguousNodes()) noteNames();
-  EditBrackets::watch([this](const osg::FieldContainer& edited, osg::FieldMask) { note(edited); });
 }
-
-CaptureDifference::~CaptureDifference() { EditBrackets::watch({}); }
 
 void CaptureDifference::noteNames() {
   std::vector<kuNodePtr> nodes;
@@ -75,78 +82,75 @@ void CaptureDifference::noteNames() {
         {node, kuNodeUtils::getName(node), kuVariants::getNodePath(node), transformStates(node)});
 }
 
-void CaptureDifference::note(const osg::FieldContainer& edited) {
-  if (!edited.getType().isDerivedFrom(osg::SwitchMaterial::_type)) return;
-  const auto found = std::find_if(_edited.begin(), _edited.end(),
-                                  [&](const auto& one) { return one.get() == &edited; });
-  if (found != _edited.end()) return;
-  _edited.emplace_back(
-      static_cast<osg::SwitchMaterial*>(const_cast<osg::FieldContainer*>(&edited)));
-}
-
-QStringList CaptureDifference::addedTo(const osg::SwitchMaterialPtr& material) const {
+std::vector<osg::MaterialPtr> CaptureDifference::addedTo(
+    const osg::SwitchMaterialPtr& material) const {
+  std::set<osg::MaterialPtr> known;
   const auto former = _materials.find(material);
-  QStringList added;
+  if (former != _materials.end()) known.insert(former->second.begin(), former->second.end());
+  std::vector<osg::MaterialPtr> added;
   for (const osg::MaterialPtr& entry : material->getMaterials()) {
-    const bool isOld =
-        former != _materials.end() &&
-        std::find(former->second.begin(), former->second.end(), entry) != former->second.end();
-    if (!isOld) added += nameOf(entry);
+    if (known.count(entry) == 0) added.push_back(entry);
   }
   return added;
 }
 
-CaptureDifference::StateList CaptureDifference::newStatesFor(const QString& variant) const {
-  StateList states;
+QHash<QString, CaptureDifference::StateList> CaptureDifference::newStates() const {
+  QHash<QString, StateList> all;
   for (const kuVariantSet* set : kuVariants::getVariantSets()) {
-    const States now = materialStates(*set);
-    const auto state = now.find(variant);
-    if (state == now.end()) continue;
-    const auto formerSet = _states.find(set->getName());
-    const bool isOld = formerSet != _states.end() && formerSet->second.count(variant) != 0 &&
-                       formerSet->second.at(variant) == state->second;
-    if (!isOld) states.emplace_back(set->getName(), state->second);
+    const States former = _states.value(set->getName());
+    const States present = materialStates(*set);
+    for (auto state = present.begin(); state != present.end(); ++state) {
+      const auto old = former.find(state.key());
+      const bool isOld = old != former.end() && old.value() == state.value();
+      if (!isOld) all[state.key()].emplace_back(set->getName(), state.value());
+    }
   }
-  return states;
+  return all;
 }
 
-SwitchChange CaptureDifference::changeOf(const osg::SwitchMaterialPtr& material) const {
+/** A switch that the scene had, and that one set more selects, is no change of the scene's. */
+bool CaptureDifference::isChanged(const osg::SwitchMaterialPtr& material,
+                                  const StateList& states) const {
+  const auto isOfAnotherSet = [&](const auto& state) { return _states.contains(state.first); };
+  return _materials.count(material) == 0 || !addedTo(material).empty() ||
+         std::any_of(states.begin(), states.end(), isOfAnotherSet);
+}
+
+SwitchChange CaptureDifference::changeOf(const osg::SwitchMaterialPtr& material,
+                                         const StateList& states) const {
   SwitchChange change;
   change.name = nameOf(material);
   change.isNew = _materials.count(material) == 0;
-  change.isOfFile = isOfFile(material);
+  change.isOfFile = material->hostFields().source >= 0 || _fileSwitches.count(material) != 0;
   change.isVariantNew =
       kuVariants::findMaterialVariant(change.name) && !_variants.contains(change.name);
-  change.added = addedTo(material);
+  for (const osg::MaterialPtr& entry : addedTo(material))
+    change.added += nameOf(entry);
   for (const osg::MaterialPtr& entry : material->getMaterials())
     change.materials += nameOf(entry);
   std::vector<kuNodePtr> nodes;
   kuMaterials::getNodesWithMaterial(nodes, material);
   for (const kuNodePtr& node : nodes)
     change.nodes += kuVariants::getNodePath(node);
-  change.states = newStatesFor(change.name);
+  change.states = states;
   return change;
 }
 
-/** A switch that the scene had, and that one set more selects, is no change of the scene's. */
-bool CaptureDifference::isChanged(const SwitchChange& change) const {
-  const auto isOfAnotherSet = [&](const auto& state) { return _states.count(state.first) != 0; };
-  return change.isNew || !change.added.isEmpty() ||
-         std::any_of(change.states.begin(), change.states.end(), isOfAnotherSet);
-}
-
-std::vector<SwitchChange> CaptureDifference::switches() const {
-  std::vector<osg::SwitchMaterialPtr> order = _edited;
+std::vector<SwitchChange> CaptureDifference::switches(const kuVariantSet& captured) const {
+  const QHash<QString, StateList> states = newStates();
+  std::vector<SwitchChange> changes;
   for (const osg::MaterialPtr& material : sceneMaterials()) {
     const auto known = osg::SwitchMaterialPtr::dcast(material);
-    if (known && std::find(order.begin(), order.end(), known) == order.end())
-      order.push_back(known);
+    if (!known) continue;
+    const StateList ofSwitch = states.value(nameOf(known));
+    if (isChanged(known, ofSwitch)) changes.push_back(changeOf(known, ofSwitch));
   }
-  std::vector<SwitchChange> changes;
-  for (const osg::SwitchMaterialPtr& material : order) {
-    const SwitchChange change = changeOf(material);
-    if (isChanged(change)) changes.push_back(change);
-  }
+  // The set got its states as the walk came to the materials; what it has none of comes last.
+  const QHash<QString, std::size_t> places = placesIn(captured);
+  const auto none = static_cast<std::size_t>(places.size());
+  std::stable_sort(changes.begin(), changes.end(), [&](const auto& a, const auto& b) {
+    return places.value(a.name, none) < places.value(b.name, none);
+  });
   return changes;
 }
 

@@ -1,12 +1,17 @@
 #pragma once
 
+#include <QHash>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <map>
+#include <set>
 #include <utility>
 #include <vector>
 
 #include "host/kuSceneInterface.h"
+
+class kuVariantSet;
 
 /** A switch material that a capture made, or that sets came to select by it. */
 struct SwitchChange {
@@ -39,12 +44,9 @@ struct Renaming {
 class CaptureDifference {
  public:
   CaptureDifference();
-  ~CaptureDifference();
-  CaptureDifference(const CaptureDifference&) = delete;
-  CaptureDifference& operator=(const CaptureDifference&) = delete;
 
-  /** Those that the capture came to, in its order. */
-  std::vector<SwitchChange> switches() const;
+  /** Those that changed, in the order in which the capture into that set came to them. */
+  std::vector<SwitchChange> switches(const kuVariantSet& captured) const;
   std::vector<Renaming> renamings() const;
 
  private:
@@ -54,23 +56,23 @@ class CaptureDifference {
     QString path;
     std::vector<std::string> transformStates;
   };
-  using States = std::map<QString, QString>;
+  /** A set's states of material variants, by variant. */
+  using States = QHash<QString, QString>;
   using StateList = std::vector<std::pair<QString, QString>>;
 
   void noteNames();
-  void note(const osg::FieldContainer& edited);
-  QStringList addedTo(const osg::SwitchMaterialPtr& material) const;
-  /** The states that sets have for the variant and had not before. */
-  StateList newStatesFor(const QString& variant) const;
-  SwitchChange changeOf(const osg::SwitchMaterialPtr& material) const;
-  bool isChanged(const SwitchChange& change) const;
+  std::vector<osg::MaterialPtr> addedTo(const osg::SwitchMaterialPtr& material) const;
+  /** The states that sets have now and had not before, by variant. */
+  QHash<QString, StateList> newStates() const;
+  bool isChanged(const osg::SwitchMaterialPtr& material, const StateList& states) const;
+  SwitchChange changeOf(const osg::SwitchMaterialPtr& material, const StateList& states) const;
 
   std::map<osg::SwitchMaterialPtr, osg::MFMaterialPtr> _materials;
-  QStringList _variants;
-  /** For each set its states of material variants. */
-  std::map<QString, States> _states;
+  /** Those that the scene's own file has as variants. */
+  std::set<osg::MaterialPtr> _fileSwitches;
+  QSet<QString> _variants;
+  /** By set. */
+  QHash<QString, States> _states;
   /** Only where nodes share names, since no others are renamed. */
   std::vector<NamedNode> _nodes;
-  /** The switches that were edited, in order. */
-  std::vector<osg::SwitchMaterialPtr> _edited;
 };

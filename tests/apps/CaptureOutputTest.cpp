@@ -1,3 +1,7 @@
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
 #include "CaptureTest.h"
 
 using ::testing::HasSubstr;
@@ -78,6 +82,30 @@ TEST_F(CaptureTest, NothingIsLostWhereTheSceneIsSaved) {
   EXPECT_THAT(text, Not(HasSubstr("Lost")));
   EXPECT_THAT(capture(arguments + QStringList{"--json"}).out, HasSubstr("\"documentAlone\": null"));
   EXPECT_THAT(run({"scene", "a.glb"}).out, HasSubstr("Red"));
+}
+
+TEST_F(CaptureTest, SwitchMaterialsAreToldInTheOrderInWhichTheCaptureCameToThem) {
+  const auto roofOf = [](const char* index, int body) {
+    return scene(body).replace("{\"name\": \"Closed\"}", QByteArray("{\"name\": \"Closed\", ") +
+                                                             "\"extras\": {\"geometry\": "
+                                                             "{\"material\": " +
+                                                             index + "}}}");
+  };
+  write("first.gltf", roofOf("0", 0));
+  // The body bears the file's own switch, which holds all that is wanted, and is not edited.
+  write("second.gltf", roofOf("1", 3));
+  capture({"first.gltf", "--set", "First", "-o", "paints.xml"});
+  const CliResult result =
+      capture({"second.gltf", "paints.xml", "--set", "Second", "-o", "paints.xml", "--json"});
+  const QJsonArray switches = QJsonDocument::fromJson(QByteArray::fromStdString(result.out))
+                                  .object()["captures"]
+                                  .toArray()[0]
+                                  .toObject()["switchMaterials"]
+                                  .toArray();
+  QStringList names;
+  for (const QJsonValue& one : switches)
+    names += one.toObject()["name"].toString();
+  EXPECT_EQ(names, (QStringList{"Paint", "Switch"}));
 }
 
 TEST_F(CaptureTest, WhatASwitchOfTheSceneFileTookInIsLostWithoutTheScene) {
