@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QElapsedTimer>
+#include <QThread>
 
 #include "SessionTest.h"
 
@@ -33,6 +34,17 @@ TEST_F(BrokerLossTest, WhoLosesTheBrokerIsToldAndWorksOn) {
   EXPECT_EQ(session->unsent(), 1u);
   ASSERT_EQ(log.size(), 1);
   EXPECT_TRUE(log.front().contains("is lost (the connection broke)")) << log.front().toStdString();
+}
+
+TEST_F(BrokerLossTest, APushThatFindsTheBrokerLostTellsSoAndRunsAtOnce) {
+  join();
+  broker.kill();
+  QThread::msleep(300);
+  push("A", "1");
+  EXPECT_EQ(session->status(), Session::Status::Alone);
+  EXPECT_EQ(events, (QStringList{"joined", "lost", "ran Note own alone"}));
+  ASSERT_EQ(log.size(), 1);
+  EXPECT_TRUE(log.front().contains("is lost (it takes nothing)")) << log.front().toStdString();
 }
 
 TEST_F(BrokerLossTest, WhatWasDoneAloneGoesToThePartnersWhenTheBrokerIsBack) {
