@@ -15,6 +15,8 @@ namespace {
 constexpr std::int64_t kReconnectWait = 250;
 constexpr std::int64_t kPingInterval = 2000;
 constexpr std::chrono::seconds kCloseLimit{5};
+/** No header of a message is longer; the broker counts it to the message. */
+constexpr qint64 kHeaderBytes = 256;
 
 void tell(void* closure, SessionDelivery::Kind kind) {
   SessionDelivery delivery;
@@ -182,7 +184,7 @@ bool BrokerConnection::isConnected() const {
 
 qint64 BrokerConnection::mostBytes() const {
   const std::int64_t most = natsConnection_GetMaxPayload(_parts->link.get());
-  return std::min<qint64>(most, kSessionFrameBytes);
+  return std::min<qint64>(most, kSessionFrameBytes) - kHeaderBytes;
 }
 
 const SessionOptions& BrokerConnection::options() const { return _parts->options; }

@@ -36,7 +36,7 @@ class BrokerConnection {
   QString open();
 
   bool isConnected() const;
-  /** The longest message. */
+  /** The longest message, without what stands before it. */
   qint64 mostBytes() const;
 
   const SessionOptions& options() const;

@@ -215,6 +215,18 @@ TEST_F(SessionTest, ACommandThatIsTooLongRunsHereOnly) {
   EXPECT_EQ(session->status(), Session::Status::Joined);
 }
 
+// The broker counts as well what the client writes before a message.
+TEST_F(SessionTest, ACommandThatIsNearlyTooLongIsNotTakenForALossOfTheBroker) {
+  join();
+  for (int less = 300; less > 0; less -= 4)
+    push("A", QString((1 << 19) - less, 'x'));
+  EXPECT_EQ(sessionNotes().size(), 75);
+  EXPECT_EQ(events.count("lost"), 0);
+  EXPECT_GT(events.count("ran Note own"), 0);
+  EXPECT_GT(log.filter("is too long for the partners").size(), 0);
+  EXPECT_EQ(events.count("ran Note own") + log.size(), 75);
+}
+
 // While something else is at work, nothing from partners changes the scene.
 
 TEST_F(SessionTest, WhatPartnersDoWaitsWhileTheApplicationIsBusy) {
