@@ -94,6 +94,21 @@ TEST_F(RunInterruptTest, EndsTheScriptOfASetAndTheUsersScriptWithIt) {
   EXPECT_FALSE(exists("went on"));
 }
 
+TEST_F(RunInterruptTest, EndsTheCommandsOfASetThatIsHeldBackAndTheUsersScriptWithThem) {
+  write("many.xml", "<Variants><VariantSet name=\"S\"><Script>" +
+                        QByteArray("selectVariantSet('T')\n").repeated(99999) +
+                        "</Script></VariantSet></Variants>");
+  write("script.py",
+        "print('begun', end='')\ntry:\n    open('running', 'w').close()\n"
+        "    selectVariantSet('S')\nexcept KeyboardInterrupt:\n    pass\n"
+        "open('went on', 'w').close()");
+  const CliResult result = interrupt({"run", "car.gltf", "many.xml", "script.py"});
+  EXPECT_EQ(result.code, 130);
+  EXPECT_EQ(result.out, "begun");
+  EXPECT_EQ(result.err, "");
+  EXPECT_FALSE(exists("went on"));
+}
+
 TEST_F(RunInterruptTest, EndsTheScriptOfASetInSelectAndRender) {
   writeEndlessSet();
   EXPECT_EQ(interrupt({"--allow-scripts", "select", "car.gltf", "endless.xml", "S"}).code, 130);

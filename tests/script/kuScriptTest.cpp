@@ -156,6 +156,42 @@ TEST_F(kuScriptTest, ScriptThatRunsItselfWithoutEndIsStopped) {
   }
 }
 
+/** Each of them may select the set five times: without the stop that makes five to the sixteenth.
+ */
+TEST_F(kuScriptTest, NothingInsideTheOutermostScriptRunsOnceItLayTooDeep) {
+  static const std::string bomb = "again()\nagain()\nagain()\nagain()\nagain()";
+  ScriptCommands::add("again", bp::make_function(+[] {
+                        ScriptCommands::find("sentinel")();
+                        return sentinelCalls() < 1000 && kuScript::run(bomb.c_str());
+                      }));
+  for (const bool allowed : {true, false}) {
+    log.clear();
+    ScriptPolicy::allow(allowed);
+    const int before = sentinelCalls();
+    EXPECT_TRUE(kuScript::run(bomb.c_str()));
+    EXPECT_EQ(sentinelCalls() - before, 16 * 5);
+    EXPECT_THAT(log, ElementsAre("error: script failed: scripts run inside one another too deep"));
+    EXPECT_TRUE(kuScript::run("sentinel()"));
+  }
+}
+
+TEST_F(kuScriptTest, ScriptsInsideOneThatAreTooManyRunOnlyWhereScriptsAreAllowed) {
+  ScriptCommands::add("inner", bp::make_function(+[] { return kuScript::run("sentinel()"); }));
+  std::string text;
+  for (int i = 0; i < 10003; ++i)
+    text += "inner()\n";
+  EXPECT_TRUE(kuScript::run(text.c_str()));
+  EXPECT_EQ(sentinelCalls(), 10003);
+  EXPECT_THAT(log, IsEmpty());
+  ScriptPolicy::allow(false);
+  for (const int calls : {20003, 30003}) {
+    log.clear();
+    EXPECT_TRUE(kuScript::run(text.c_str()));
+    EXPECT_EQ(sentinelCalls(), calls);
+    EXPECT_THAT(log, ElementsAre("error: script failed: scripts run inside one another too often"));
+  }
+}
+
 TEST_F(kuScriptTest, CommandThatThrowsIsAnError) {
   ScriptCommands::add("throwing",
                       bp::make_function(+[]() -> int { throw std::runtime_error("thrown"); }));

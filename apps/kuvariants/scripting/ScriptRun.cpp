@@ -5,10 +5,12 @@
 #include "Failure.h"
 #include "Interrupt.h"
 #include "scripting/ScriptTexts.h"
+#include "standalone/script/ScriptCommands.h"
 #include "standalone/script/ScriptError.h"
 #include "standalone/script/ScriptInterpreter.h"
 
 namespace bp = boost::python;
+using kuStandalone::ScriptCommands;
 using kuStandalone::ScriptInterpreter;
 
 namespace {
@@ -61,7 +63,7 @@ bp::object perform(const bp::dict& functions, const UserScript& script) {
 
 void catchInterrupts(const bp::dict& functions, bool isPrompt) {
   functions["catch_interrupts"](bp::make_function(&Interrupt::taken), kuStandalone::kScriptFileName,
-                                isPrompt);
+                                bp::make_function(&ScriptCommands::areRunning), isPrompt);
   Interrupt::passOn(PyErr_SetInterrupt);
 }
 

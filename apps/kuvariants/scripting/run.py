@@ -51,17 +51,20 @@ def read_script(path):
         return None, str(error)
 
 
-def catch_interrupts(taken, script_file, is_prompt):
+def catch_interrupts(taken, script_file, commands_run, is_prompt):
     """Ctrl-C raises KeyboardInterrupt. In a set's own script, where the selection would catch
     that, it ends the process, but for a prompt, which goes on."""
 
     def on_interrupt(_, frame):
         taken()
-        while frame and not is_prompt:
-            if frame.f_code.co_filename == script_file:
-                leave()
-            frame = frame.f_back
+        if not is_prompt and (commands_run() or is_within_script(frame)):
+            leave()
         raise KeyboardInterrupt
+
+    def is_within_script(frame):
+        while frame and frame.f_code.co_filename != script_file:
+            frame = frame.f_back
+        return frame is not None
 
     def leave():
         try:

@@ -41,13 +41,32 @@ bp::object runCommand(const Command& command) {
   return bp::object();
 }
 
+int runningTexts = 0;
+
+struct RunningText {
+  RunningText() { ++runningTexts; }
+  ~RunningText() { --runningTexts; }
+  RunningText(const RunningText&) = delete;
+  RunningText& operator=(const RunningText&) = delete;
+};
+
+/** Python itself looks for them between its instructions, and here are none. */
+void heedSignals() {
+  if (PyErr_CheckSignals() != 0) bp::throw_error_already_set();
+}
+
 }  // namespace
 
 bp::object runCommands(const std::vector<Command>& commands) {
+  const RunningText untilTheLast;
   bp::object result;
-  for (const Command& command : commands)
+  for (const Command& command : commands) {
+    heedSignals();
     result = runCommand(command);
+  }
   return result;
 }
+
+bool ScriptCommands::areRunning() { return runningTexts > 0; }
 
 }  // namespace kuStandalone

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include "host/kernel/kuLog.h"
 #include "standalone/script/ScriptPolicy.h"
 
 namespace kuStandalone {
@@ -46,6 +47,10 @@ std::string presentScript() {
   const std::string set = ScriptPolicy::presentSet();
   if (set.empty()) return "script";
   return "script of set \"" + oneLine(set, kLogStartBytes) + "\"";
+}
+
+void logScriptFailure(const std::string& reason) {
+  kuLog::error("%s failed: %s", presentScript().c_str(), oneLine(reason, kLogReasonBytes).c_str());
 }
 
 }  // namespace kuStandalone

@@ -19,4 +19,7 @@ std::string oneLine(std::string_view text, std::size_t maxBytes);
 /** "script", with the name of the set that is being selected if there is one. */
 std::string presentScript();
 
+/** Logs that the present script failed. */
+void logScriptFailure(const std::string& reason);
+
 }  // namespace kuStandalone

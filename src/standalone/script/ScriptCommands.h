@@ -24,6 +24,9 @@ class KUHOST_EXPORT ScriptCommands {
 
   /** The function registered under that name, or None. */
   static boost::python::object find(const std::string& name);
+
+  /** Whether a text is running command by command: no frame of Python's tells of it. */
+  static bool areRunning();
 };
 
 }  // namespace kuStandalone

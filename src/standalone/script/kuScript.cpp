@@ -9,6 +9,7 @@
 #include "standalone/script/LibraryModules.h"
 #include "standalone/script/LogText.h"
 #include "standalone/script/ScriptInterpreter.h"
+#include "standalone/script/ScriptNesting.h"
 #include "standalone/script/ScriptPolicy.h"
 #include "standalone/session/Session.h"
 
@@ -17,31 +18,8 @@ using namespace kuStandalone;
 
 namespace {
 
-/** A script may select a set whose script runs in turn, without end if that is the same set. */
-constexpr int kMaxNested = 16;
-
-class Nesting {
- public:
-  Nesting() { ++depth(); }
-  ~Nesting() { --depth(); }
-  Nesting(const Nesting&) = delete;
-  Nesting& operator=(const Nesting&) = delete;
-
-  static bool isTooDeep() { return depth() > kMaxNested; }
-
- private:
-  static int& depth() {
-    static int present = 0;
-    return present;
-  }
-};
-
 /** What a text answered; none if it was refused or failed. */
 using Answer = std::optional<bp::object>;
-
-void logFailure(const std::string& reason) {
-  kuLog::error("%s failed: %s", presentScript().c_str(), oneLine(reason, kLogReasonBytes).c_str());
-}
 
 Answer runPython(const char* code, int startSymbol) {
   const bp::object compiled = ScriptInterpreter::compile(code, startSymbol, 0);
@@ -60,13 +38,13 @@ Answer runIfCommands(const char* code, int startSymbol) {
 bool mayRunScripts() { return ScriptPolicy::allowed() || LibraryModules::areBeingImported(); }
 
 Answer failed(const char* reason) {
-  logFailure(reason);
+  logScriptFailure(reason);
   return std::nullopt;
 }
 
 Answer perform(const char* code, int startSymbol) {
-  const Nesting nesting;
-  if (Nesting::isTooDeep()) return failed("scripts run inside one another too deep");
+  const ScriptNesting nesting;
+  if (!nesting.mayRun()) return std::nullopt;
   ScriptInterpreter::start();
   // A library that offers its modules is asked before Python runs.
   if (!Py_IsInitialized()) return failed("the interpreter does not run yet");
@@ -75,7 +53,7 @@ Answer perform(const char* code, int startSymbol) {
     answer = mayRunScripts() ? runPython(code, startSymbol) : runIfCommands(code, startSymbol);
   } catch (const bp::error_already_set&) {
     // SystemExit and KeyboardInterrupt too: a script does not end the application.
-    logFailure(ScriptInterpreter::takeError());
+    logScriptFailure(ScriptInterpreter::takeError());
   }
   ScriptInterpreter::flush();
   return answer;
