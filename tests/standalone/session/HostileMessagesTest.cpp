@@ -83,6 +83,7 @@ TEST_F(HostileMessagesTest, ARubbishSignOfLifeIsDropped) {
   stranger.send(subject.presence(), writeFrame(presence));
   stranger.send(subject.presence(), note("A", "1"));
   settle();
+  waitUntil([this] { return !log.isEmpty(); });
   EXPECT_EQ(session->partners().size(), 0u);
   EXPECT_EQ(log, QStringList{"Session: a message was dropped: it is no frame"});
 }
