@@ -8,6 +8,8 @@
 #include <csignal>
 #include <initializer_list>
 
+#include "ProgressLine.h"
+
 namespace Interrupt {
 namespace {
 
@@ -18,7 +20,10 @@ std::atomic<void (*)()> presentReceiver{nullptr};
 /** Where Told hears of a signal; -1 without one. */
 volatile std::sig_atomic_t tellingEnd = -1;
 
-[[noreturn]] void leave(int signal) { _exit(exitCode(signal)); }
+[[noreturn]] void leave(int signal) {
+  ProgressLine::clearInHandler();
+  _exit(exitCode(signal));
+}
 
 void tell(void (*receiver)()) {
   const int error = errno;

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <string>
 
-#include "Output.h"
+#include "ProgressLine.h"
 #include "Text.h"
 
 namespace {
@@ -57,13 +57,13 @@ void ProgressBar::begin(const QString& label, double work) {
 void ProgressBar::show(double share) {
   if (!_onTerminal) return;
   _visible = true;
-  writeAll(STDERR_FILENO, line((_doneWork + share * _partWork) / _allWork));
+  ProgressLine::show(line((_doneWork + share * _partWork) / _allWork));
 }
 
 void ProgressBar::end() {
   _doneWork += _partWork;
   _partWork = 0;
-  if (_visible) writeAll(STDERR_FILENO, "\r\x1b[K");
+  if (_visible) ProgressLine::hide();
   _visible = false;
 }
 
@@ -76,5 +76,5 @@ std::string ProgressBar::line(double share) const {
   if (done > 0 && seconds >= tellAfterSeconds) {
     text += duration(seconds * (1 - done) / done) + " left  ";
   }
-  return "\r" + text.toStdString() + shortened(_label, terminalWidth() - fixedWidth) + "\x1b[K";
+  return text.toStdString() + shortened(_label, terminalWidth() - fixedWidth);
 }

@@ -13,6 +13,7 @@
 
 #include "Diagnostics.h"
 #include "Output.h"
+#include "ProgressLine.h"
 
 namespace {
 
@@ -95,10 +96,10 @@ void TerminalDialogs::showProgress(const QProgressDialog& dialog) {
   _progressShown = true;
   // One that is deleted without being hidden is no progress dialogue any more when it tells.
   connect(&dialog, &QObject::destroyed, this, &TerminalDialogs::hideProgress);
-  print("\r" + dialog.labelText() + "\x1b[K");
+  ProgressLine::show(dialog.labelText().toStdString());
 }
 
 void TerminalDialogs::hideProgress() {
-  if (_progressShown) print(QStringLiteral("\r\x1b[K"));
+  if (_progressShown) ProgressLine::hide();
   _progressShown = false;
 }

@@ -1,6 +1,7 @@
 #include "CaptureTest.h"
 #include "Terminal.h"
 
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
@@ -81,6 +82,36 @@ TEST_F(CaptureTerminalTest, TheProgressDialogueIsALineThatGoesAgain) {
   EXPECT_EQ(result.code, 0);
   EXPECT_THAT(result.screen, StartsWith("\rCapturing Variant Set ...\x1b[K\r\x1b[K"));
   EXPECT_THAT(result.screen, HasSubstr("Captured Red in group New Group 1\n"));
+}
+
+TEST_F(CaptureTerminalTest, WhatIsToldMidwayStandsOnALineOfItsOwnAndTheProgressComesAgain) {
+  capture({"red.gltf", "--set", "Red", "-o", "red.xml"});
+  const TerminalResult result = runOnTerminal(
+      folder.path(), {"capture", "blue.gltf", "red.xml", "--set", "Blue", "-o", "both.xml"}, "");
+  EXPECT_EQ(result.code, 0);
+  const std::string progress = "\rCapturing Variant Set ...\x1b[K";
+  const std::string cleared = "\r\x1b[K";
+  EXPECT_THAT(result.screen,
+              StartsWith(progress + cleared + "kuvariants: Created new material 'Switch'.\n" +
+                         progress + cleared + "Captured Blue in group New Group 1\n"));
+}
+
+TEST_F(CaptureTerminalTest, ACaptureThatIsInterruptedMidwayWritesNothingAndTakesItsLineAway) {
+  QByteArray nodes, children;
+  for (int number = 7; number < 20007; ++number) {
+    nodes += ",{\"name\": \"Part" + QByteArray::number(number) + "\"}";
+    children += ", " + QByteArray::number(number);
+  }
+  write("long.gltf", scene(0)
+                         .replace("\"camera\": 0}", "\"camera\": 0}" + nodes)
+                         .replace("[0, 5, 6]", "[0, 5, 6" + children + ']'));
+  const TerminalResult result =
+      runOnTerminal(folder.path(), {"capture", "long.gltf", "--set", "Long", "-o", "long.xml"},
+                    {{"Capturing Variant Set ...", "\x03"}});
+  EXPECT_EQ(result.code, 130);
+  EXPECT_THAT(result.screen, StartsWith("\rCapturing Variant Set ...\x1b[K"));
+  EXPECT_THAT(result.screen, EndsWith("\r\x1b[K"));
+  EXPECT_FALSE(exists("long.xml"));
 }
 
 TEST_F(CaptureTerminalTest, WithoutATerminalThereIsNoProgressLine) {
