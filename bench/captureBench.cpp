@@ -1,6 +1,7 @@
 // What it costs to capture a scene of N nodes, beside a bare walk that pushes a name and a state
 // for each node and fills a hash of paths; what inactive nodes cost whose namesakes have to be
-// looked for; and a second capture where 100 sets remember 10,000 materials.
+// looked for; a second capture where 100 sets remember 10,000 materials; and a third one, where the
+// second has made switch materials.
 
 #include <benchmark/benchmark.h>
 
@@ -166,6 +167,16 @@ void captureInactive(benchmark::State& state) {
 
 constexpr int rememberedNodes = 10000;
 
+/** Gives the first nodes other materials: every node's is a number of materials behind its first.
+ */
+void changeMaterials(int changed, int behind) {
+  for (int i = 0; i < changed; ++i) {
+    const osg::NodePtr node = SceneNode::of(Scene::the().nodes.root).children()[std::size_t(i)];
+    kuNodeUtils::setMaterial(node, materials[std::size_t((i + behind) % materialCount)], false,
+                             false);
+  }
+}
+
 /** @p changed of the nodes have another material than the sets remember. */
 void makeSets(int sets, int changed) {
   makeScene(0);
@@ -179,10 +190,7 @@ void makeSets(int sets, int changed) {
     newSet("Set " + QString::number(i))
         ->setMaterialSnapshots(std::map<QString, QString>(first->getMaterialSnapshots()));
   }
-  for (int i = 0; i < changed; ++i) {
-    const osg::NodePtr node = SceneNode::of(Scene::the().nodes.root).children()[std::size_t(i)];
-    kuNodeUtils::setMaterial(node, materials[std::size_t((i + 7) % materialCount)], false, false);
-  }
+  changeMaterials(changed, 7);
 }
 
 void captureAgain(benchmark::State& state) {
@@ -190,6 +198,21 @@ void captureAgain(benchmark::State& state) {
     state.PauseTiming();
     makeSets(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
     kuVariantSet* set = newSet("Again");
+    state.ResumeTiming();
+    capture(set);
+  }
+  perNode(state, rememberedNodes);
+}
+
+/** The sets of two captures remember switch materials for the nodes that change once more. */
+void captureThird(benchmark::State& state) {
+  const int changed = static_cast<int>(state.range(0));
+  for (auto _ : state) {
+    state.PauseTiming();
+    makeSets(1, changed);
+    capture(newSet("Again"));
+    changeMaterials(changed, 13);
+    kuVariantSet* set = newSet("Third");
     state.ResumeTiming();
     capture(set);
   }
@@ -212,6 +235,11 @@ void addBenchmarks() {
        {std::make_pair(1, 0), {100, 0}, {1, 100}, {100, 100}, {1, rememberedNodes}}) {
     benchmark::RegisterBenchmark("again", captureAgain)
         ->Args({sets, changed})
+        ->Unit(benchmark::kMillisecond);
+  }
+  for (const int changed : {100, 1000, rememberedNodes}) {
+    benchmark::RegisterBenchmark("third", captureThird)
+        ->Arg(changed)
         ->Unit(benchmark::kMillisecond);
   }
 }

@@ -1,9 +1,10 @@
 #include "capture/kuCaptureWalk.h"
 
 #include <QCoreApplication>
+#include <algorithm>
 #include <string>
 
-#include "capture/kuActiveNodes.h"
+#include "host/kernel/kuScenegraph.h"
 #include "host/osg/Switch.h"
 #include "host/osg/UEnvironmentMaterial.h"
 #include "host/osg/UberLight.h"
@@ -19,6 +20,17 @@ QString nameOf(const osg::NodePtr& node) { return QString::fromUtf8(kuNodeUtils:
 /** The child that a switch shows; null where it shows none, or all. */
 osg::NodePtr chosenChild(const osg::NodePtr& node, int choice) {
   return choice < 0 ? osg::NodePtr() : node->getChild(static_cast<unsigned>(choice));
+}
+
+/**
+ * Whether a scene node of the same name has another flag at this moment: receivers and timers may
+ * change flags in the midst of a walk. The host finds nodes by name without a look through all.
+ */
+bool differsFromNamesakes(const osg::NodePtr& node) {
+  const std::vector<kuNodePtr> namesakes = kuScenegraph::findNodes(kuNodeUtils::getName(node));
+  return std::any_of(namesakes.begin(), namesakes.end(), [&](const kuNodePtr& other) {
+    return other.getNode()->getActive() != node->getActive();
+  });
 }
 
 }  // namespace
@@ -158,7 +170,7 @@ bool kuVariants::checkAndSetNodeActive(osg::NodePtr node, kuVariantSet* set, boo
   if (node->getActive()) return true;
   if (!inclNodes) return false;
   const kuVariantSet::Keeper kept(*set);
-  if (kuActiveNodes::differ(node)) {
+  if (differsFromNamesakes(node)) {
     // A variant of that name would reach the active ones too.
     set->appendToScript(
         QStringLiteral("findNodePath(\"%1\").setActive(false)").arg(getNodePath(node)));

@@ -1,7 +1,7 @@
 #include <QCoreApplication>
 #include <QProgressDialog>
 
-#include "capture/kuActiveNodes.h"
+#include "capture/kuSnapshotIndex.h"
 #include "host/kernel/kuController.h"
 #include "host/kernel/kuScenegraph.h"
 #include "host/services/kuCameraService.h"
@@ -107,17 +107,15 @@ void kuVariants::captureVariantsFromRootNodes(kuVariantSet* set, std::vector<kuN
   kept->clear();
   rebuildNodePathIndex();
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  const kuSnapshotIndex index;
   MaterialSnapshots snapshots;
   NodePaths handledPaths;
   Switches createdSwitches;
   Materials handledMaterials;
-  {
-    const kuActiveNodes activeNodes;
-    for (const kuNodePtr& root : roots)
-      captureVariantsFromRootNode(&*kept, root, inclNodes, inclMats, inclLights, inclEnv,
-                                  inclTransforms, inclRenderLayers, snapshots, roots, handledPaths,
-                                  createdSwitches, handledMaterials, sendMessage);
-  }
+  for (const kuNodePtr& root : roots)
+    captureVariantsFromRootNode(&*kept, root, inclNodes, inclMats, inclLights, inclEnv,
+                                inclTransforms, inclRenderLayers, snapshots, roots, handledPaths,
+                                createdSwitches, handledMaterials, sendMessage);
   if (inclSceneplates) captureSceneplateVariants(&*kept, sendMessage);
   if (inclEnv) {
     captureVariantsFromRootNode(&*kept, kuScenegraph::environmentGeometrySwitch(), false, false,

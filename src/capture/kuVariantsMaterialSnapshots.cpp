@@ -1,3 +1,4 @@
+#include "capture/kuSnapshotIndex.h"
 #include "host/osg/EditCP.h"
 #include "host/utils/kuMaterials.h"
 #include "host/utils/kuNodeUtils.h"
@@ -45,6 +46,7 @@ class kuVariants::SnapshotComparison {
   void compareWithSwitch(const KeptSet& other, osg::SwitchMaterialPtr otherSwitch,
                          const QString& otherName);
   bool isSharedOtherwise(const KeptSet& other, const QString& otherName);
+  bool isSharedOtherwise(const KeptSet& other, const QString& otherName, kuSnapshotIndex& index);
   void settleSwitch();
   void addToSwitch(const osg::MaterialPtr& otherMaterial);
   void addStates(const KeptSet& other, const osg::MaterialPtr& otherMaterial,
@@ -136,11 +138,29 @@ void kuVariants::SnapshotComparison::compareWithSwitch(const KeptSet& other,
  * this node. The paths of those that bear the same are noted. */
 bool kuVariants::SnapshotComparison::isSharedOtherwise(const KeptSet& other,
                                                        const QString& otherName) {
-  for (const auto& [otherPath, name] : other->materialSnapshots) {
-    if (name != otherName || otherPath == path || handledPaths.count(otherPath) != 0) continue;
-    const osg::NodePtr sharing = firstNodeOfPath(otherPath.toUtf8().constData());
-    if (sharing && kuNodeUtils::getMaterial(sharing) != material) return true;
-    handledPaths.insert(otherPath);
+  if (kuSnapshotIndex* index = kuSnapshotIndex::present()) {
+    return isSharedOtherwise(other, otherName, *index);
+  }
+  kuSnapshotIndex once;
+  return isSharedOtherwise(other, otherName, once);
+}
+
+bool kuVariants::SnapshotComparison::isSharedOtherwise(const KeptSet& other,
+                                                       const QString& otherName,
+                                                       kuSnapshotIndex& index) {
+  kuSnapshotIndex::Paths& paths = index.pathsOf(*other, otherName);
+  for (auto otherPath = paths.begin(); otherPath != paths.end();) {
+    if (*otherPath == path) {
+      ++otherPath;
+      continue;
+    }
+    if (other->getMaterialSnapshot(*otherPath) == otherName &&
+        handledPaths.count(*otherPath) == 0) {
+      const osg::NodePtr sharing = firstNodeOfPath(otherPath->toUtf8().constData());
+      if (sharing && kuNodeUtils::getMaterial(sharing) != material) return true;
+      handledPaths.insert(*otherPath);
+    }
+    otherPath = paths.erase(otherPath);  // done with for all nodes of the capture
   }
   return false;
 }
@@ -175,7 +195,6 @@ void kuVariants::SnapshotComparison::addStates(const KeptSet& other,
       other->add(variant, nameOf(otherMaterial));
     }
   }
-  other->removeMaterialSnapshot(path);
-  other->addMaterialSnapshot(path, nameOf(switchMaterial));
+  kuSnapshotIndex::replace(*other, path, nameOf(switchMaterial));
   handledMaterials.insert(switchMaterial);
 }

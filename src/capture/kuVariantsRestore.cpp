@@ -1,7 +1,6 @@
+#include <cstdint>
 #include <string>
-#include <utility>
 
-#include "capture/kuActiveNodes.h"
 #include "host/kernel/kuConnector.h"
 #include "host/kernel/kuScenegraph.h"
 #include "host/script/kuScript.h"
@@ -18,7 +17,8 @@ namespace {
 /** The set that a restore needs beside those of the user, for as long as it takes. */
 class TemporarySet {
  public:
-  TemporarySet() = default;
+  /** @param id the one that the next set gets. */
+  explicit TemporarySet(std::uint32_t id) : _id(id) {}
   /** The removal is told, and on the way out of an error a receiver's own is one too many. */
   ~TemporarySet() {
     try {
@@ -30,21 +30,18 @@ class TemporarySet {
   TemporarySet& operator=(const TemporarySet&) = delete;
 
   /** Null where a set of that name was there before: that one is the user's, and stays. */
-  kuVariantSet* create() {
-    _exists = !kuVariants::findVariantSet(name());  // also where a receiver of the news throws
-    kuVariantSet* set = kuVariants::createVariantSet(name(), true, nullptr);
-    _exists = set != nullptr;
-    return set;
-  }
+  static kuVariantSet* create() { return kuVariants::createVariantSet(name(), true, nullptr); }
 
-  void remove() {
-    if (std::exchange(_exists, false)) kuVariants::removeVariantSet(name());
+  /** Another one that bears the name by now, a receiver's, stays. */
+  void remove() const {
+    const kuVariantSet* present = kuVariants::findVariantSet(name());
+    if (present && present->id() == _id) kuVariants::removeVariantSet(name());
   }
 
  private:
   static QString name() { return QStringLiteral("Temp"); }
 
-  bool _exists = false;
+  const std::uint32_t _id;
 };
 
 QString nameOf(const osg::MaterialPtr& material) {
@@ -65,10 +62,9 @@ void kuVariants::activateCapturedVariantSet(const char* name) {
 
 void kuVariants::restoreSwitchNodes() {
   const kuNodePtr root = kuOpenSGUtils::getRoot();
-  TemporarySet temporary;
-  kuVariantSet* set = temporary.create();
+  const TemporarySet temporary(kuVariantSet::_nextId + 1);
+  kuVariantSet* set = TemporarySet::create();
   if (!set) return;
-  const kuActiveNodes activeNodes;
   MaterialSnapshots snapshots;
   NodePaths handledPaths;
   Switches createdSwitches;

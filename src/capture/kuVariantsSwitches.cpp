@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <string>
 
+#include "capture/kuSnapshotIndex.h"
 #include "host/kernel/kuController.h"
 #include "host/kernel/kuLog.h"
 #include "host/osg/EditCP.h"
@@ -43,11 +44,6 @@ void introduce(const osg::SwitchMaterialPtr& material) {
   message.get("newname", name);
   kuMaterials::setName(material, name.c_str(), true);
   kuLog::info("Created new material '%s'.", name.c_str());
-}
-
-void replaceSnapshot(kuVariantSet& set, const QString& path, const QString& material) {
-  set.removeMaterialSnapshot(path);
-  set.addMaterialSnapshot(path, material);
 }
 
 /** The set's state for a material variant by name; empty where it has none. */
@@ -123,7 +119,7 @@ void kuVariants::addMaterialToExistingSwitch(osg::NodePtr node, osg::SwitchMater
     kept->add(variant, nameOf(material));
   }
   switchMaterial = otherSwitch;
-  replaceSnapshot(*other, path, nameOf(switchMaterial));
+  kuSnapshotIndex::replace(*other, path, nameOf(switchMaterial));
   handledMaterials.insert(switchMaterial);
 }
 
@@ -151,7 +147,7 @@ void kuVariants::duplicateSwitchAndAddMaterial(
     kept->add(variant, nameOf(material));
     other->add(variant, stateOf(*other, other->getMaterialSnapshot(path)));
   }
-  replaceSnapshot(*other, path, nameOf(switchMaterial));
+  kuSnapshotIndex::replace(*other, path, nameOf(switchMaterial));
   handledMaterials.insert(switchMaterial);
 }
 
@@ -176,6 +172,6 @@ void kuVariants::optimizeMaterialSwitches(kuNodePtr node, QString path,
   removeMaterialVariant(merged);
   for (kuVariantSet* set : _variantSets.entries()) {
     set->removeMaterialVariant(merged);
-    if (set->containsMaterialSnapshot(path)) replaceSnapshot(*set, path, nameOf(target));
+    if (set->containsMaterialSnapshot(path)) kuSnapshotIndex::replace(*set, path, nameOf(target));
   }
 }

@@ -4,6 +4,7 @@
 
 #include "host/kernel/kuController.h"
 #include "manager/kuVariants.h"
+#include "model/kuSnapshotRevision.h"
 #include "model/kuVariantGroup.h"
 #include "model/kuVariantSetKeeper.h"
 
@@ -28,7 +29,11 @@ QString valueAt(const std::map<QString, QString>& map, const QString& key) {
   return found == map.end() ? QString() : found->second;
 }
 
+std::uint64_t snapshotRevision = 0;
+
 }  // namespace
+
+std::uint64_t kuSnapshotRevision() { return snapshotRevision; }
 
 std::uint32_t kuVariantSet::_nextId = 1;
 
@@ -94,6 +99,7 @@ bool kuVariantSet::containsValue(const QString& key) const { return values.count
 
 void kuVariantSet::addMaterialSnapshot(const QString& nodePath, const QString& material) {
   materialSnapshots[nodePath] = material;
+  ++snapshotRevision;
 }
 
 void kuVariantSet::removeMaterialSnapshot(const QString& nodePath) {
@@ -110,6 +116,7 @@ bool kuVariantSet::containsMaterialSnapshot(const QString& nodePath) const {
 
 void kuVariantSet::setMaterialSnapshots(std::map<QString, QString> snapshots) {
   materialSnapshots = std::move(snapshots);
+  ++snapshotRevision;
 }
 
 void kuVariantSet::getInclInfo(bool& nodes, bool& mats, bool& lights, bool& env, bool& view,

@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QProgressDialog>
+#include <functional>
 #include <stdexcept>
 
 #include "SceneCaptureTest.h"
@@ -27,6 +28,14 @@ class KuVariantsCaptureReentranceTest : public SceneCaptureTest {
     CaptureFlags flags = only(&CaptureFlags::nodes);
     flags.mats = flags.sendMessage = true;
     capture(flags);
+  }
+  void addInactive(const char* name) { SceneBuilder::setActive(scene.group(name), false); }
+  /** With an action when the variant of the first inactive node is announced. */
+  void captureWithAtJack(const std::function<void()>& act) {
+    const MessageReceiver receiver("nodeVariantAdded", [&](kuMessage&) {
+      if (kuVariants::findNodeVariant("Jack")) act();
+    });
+    captureTelling();
   }
   static void fail(kuMessage&) { throw std::runtime_error("receiver"); }
 };
@@ -114,6 +123,59 @@ TEST_F(KuVariantsCaptureReentranceTest, SwitchIsStoredAsItStoodBeforeItWasAnnoun
           }(),
           {seat});
   EXPECT_THAT(content(), ElementsAre("node Seat=Up", "target Seat"));
+}
+
+// An inactive node goes by its namesakes as they are when the walk comes to it, and not as they
+// were at the first one.
+
+TEST_F(KuVariantsCaptureReentranceTest, NamesakeThatAReceiverHidesIsInactiveToo) {
+  addInactive("Jack");
+  addInactive("Mirror");
+  const osg::NodePtr second = scene.group("Mirror");
+  captureWithAtJack([&] { SceneBuilder::setActive(second, false); });
+  EXPECT_THAT(scriptLines(), IsEmpty());
+  EXPECT_THAT(content(), ElementsAre("node Body=Coupe", "node Roof=Open", "node Jack=!Disable",
+                                     "node Mirror=!Disable", "target Root", "snapshot Hood=Red"));
+}
+
+TEST_F(KuVariantsCaptureReentranceTest, NamesakeThatAReceiverTakesOutDoesNotCount) {
+  addInactive("Jack");
+  addInactive("Mirror");
+  const osg::NodePtr second = scene.group("Mirror");
+  captureWithAtJack([&] { kuStandalone::SceneNode::of(scene.root()).removeChild(second); });
+  EXPECT_THAT(scriptLines(), IsEmpty());
+}
+
+TEST_F(KuVariantsCaptureReentranceTest, NamesakeThatAReceiverAddsCounts) {
+  addInactive("Jack");
+  addInactive("Mirror");
+  captureWithAtJack([&] { scene.group("Mirror"); });
+  EXPECT_THAT(scriptLines(), ElementsAre("findNodePath(\"Mirror\").setActive(false)"));
+}
+
+// What stands on a node after the comparison with the other sets, and what did before.
+
+TEST_F(KuVariantsCaptureReentranceTest, GeometryThatLosesItsMaterialIsRememberedWithTheOneBefore) {
+  const osg::NodePtr hood = scene.geometry("Bonnet", scene.material("Green"));
+  makeSet("Before").addMaterialSnapshot("Bonnet", "Red");
+  const MessageReceiver receiver("materialVariantAdded", [&](kuMessage&) {
+    kuVariantsTestAccess::changeMaterial(hood, osg::NullFC);
+  });
+  captureTelling();
+  EXPECT_FALSE(kuNodeUtils::getMaterial(hood));
+  EXPECT_THAT(content(), ElementsAre("node Body=Coupe", "node Roof=Open", "material Switch=Green",
+                                     "target Root", "snapshot Bonnet=Green", "snapshot Hood=Red"));
+}
+
+TEST_F(KuVariantsCaptureReentranceTest, MaterialGroupThatLosesItsMaterialIsNotRemembered) {
+  const osg::NodePtr group = scene.materialGroup("Bonnet", scene.material("Green"));
+  makeSet("Before").addMaterialSnapshot("Bonnet", "Red");
+  const MessageReceiver receiver("materialVariantAdded", [&](kuMessage&) {
+    kuVariantsTestAccess::changeMaterial(group, osg::NullFC);
+  });
+  captureTelling();
+  EXPECT_THAT(content(), ElementsAre("node Body=Coupe", "node Roof=Open", "material Switch=Green",
+                                     "target Root", "snapshot Hood=Red"));
 }
 
 TEST_F(KuVariantsCaptureReentranceTest, CaptureWithinACaptureIsWhole) {

@@ -7,6 +7,7 @@
 #include "SceneCaptureTest.h"
 #include "standalone/kernel/HostState.h"
 #include "standalone/scene/SceneNode.h"
+#include "support/ManagerDump.h"
 #include "support/MessageReceiver.h"
 #include "support/PictureScene.h"
 #include "support/SceneDump.h"
@@ -191,6 +192,14 @@ TEST_F(KuVariantsCreateAndCaptureTest, NameInUseIsMadeUnique) {
   EXPECT_THAT(setsOf(*kuVariants::findVariantGroup("Seasons")), ElementsAre(unique.toStdString()));
   EXPECT_EQ(kuVariants::findVariantSet(unique)->getScript(),
             "activateRenderLayerState(\"" + unique + "\")");
+}
+
+TEST_F(KuVariantsCreateAndCaptureTest, EmptySetNameMakesTheGroupAndCapturesNothing) {
+  scene.switchNode("Roof", 0, {"Open"});
+  kuVariants::createAndCaptureVariantSet("", "Group");
+  EXPECT_THAT(messages.lines(),
+              ElementsAre("variantGroupAdded/1 variant:void*=kuVariantGroup Group"));
+  EXPECT_EQ(managerDump(), "group Group\n");
 }
 
 TEST_F(KuVariantsCreateAndCaptureTest, GroupThatIsRemovedAtOnceEndsTheCapture) {

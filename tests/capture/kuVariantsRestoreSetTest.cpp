@@ -176,6 +176,28 @@ TEST_F(kuVariantsRestoreSetTest, ReceiverThatRemovesTheSetMidwayEndsIt) {
   EXPECT_EQ(materialOf(later), "Red");
 }
 
+TEST_F(kuVariantsRestoreSetTest, SetThatAReceiverMakesInThePlaceOfTheOneRemovedMidwayStays) {
+  addInactiveNode();
+  const MessageReceiver receiver("nodeVariantAdded", [](kuMessage&) {
+    kuVariants::removeVariantSet("Temp");
+    kuVariants::createVariantSet("Temp", false, nullptr)->setComment("mine");
+  });
+  restore();
+  ASSERT_NE(kuVariants::findVariantSet("Temp"), nullptr);
+  EXPECT_EQ(kuVariants::findVariantSet("Temp")->getComment(), "mine");
+}
+
+TEST_F(kuVariantsRestoreSetTest, SetOfAReceiverThatThrowsStaysInThePlaceOfTheRemovedOne) {
+  const MessageReceiver receiver("variantSetAdded", [](kuMessage& message) {
+    kuVariants::removeVariantSet("Temp");
+    kuVariants::createVariantSet("Temp", false, nullptr)->setComment("mine");
+    fail(message);
+  });
+  EXPECT_THROW(restore(), std::runtime_error);
+  ASSERT_NE(kuVariants::findVariantSet("Temp"), nullptr);
+  EXPECT_EQ(kuVariants::findVariantSet("Temp")->getComment(), "mine");
+}
+
 TEST_F(kuVariantsRestoreSetTest, ReceiverMayClearAllMidway) {
   addInactiveNode();
   scene.materialGroup("Later", red);

@@ -2,6 +2,7 @@
 
 #include "capture/MaterialCaptureTest.h"
 #include "support/BracketRecorder.h"
+#include "support/MessageReceiver.h"
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -75,6 +76,29 @@ TEST_F(kuVariantsSharedSwitchTest, OnlyTheFirstNodeOfASharingPathCounts) {
   compare(setWith("B", {}));
   EXPECT_THAT(handledPaths(), ElementsAre("Hood"));
   EXPECT_THAT(switches(), ElementsAre("Paint: Red Blue *Green"));
+}
+
+TEST_F(kuVariantsSharedSwitchTest, PathThatAReceiverLetsTheSetRememberMidwayCounts) {
+  scene.geometry("Boot", blue);
+  kuVariantSet& a = setWith("A", {{"Roof", "Paint"}, {"Hood", "Paint"}});
+  bear(hood, white);
+  // The switch is split for the roof, since the hood has another material, and for the hood, since
+  // the boot has; it is not grown for it.
+  const MessageReceiver receiver("materialVariantAdded",
+                                 [&](kuMessage&) { a.addMaterialSnapshot("Boot", "Paint"); });
+  capture("B", true);
+  EXPECT_THAT(switches(), ElementsAre("Paint: Red *Blue", "Switch: Red Blue *Green",
+                                      "Switch2: Red Blue *White"));
+}
+
+TEST_F(kuVariantsSharedSwitchTest, PathThatAReceiverLetsTheSetForgetMidwayDoesNotCount) {
+  scene.geometry("Boot", blue);
+  kuVariantSet& a = setWith("A", {{"Roof", "Paint"}, {"Hood", "Paint"}, {"Boot", "Paint"}});
+  bear(hood, white);
+  const MessageReceiver receiver("materialVariantAdded",
+                                 [&](kuMessage&) { a.removeMaterialSnapshot("Boot"); });
+  capture("B", true);
+  EXPECT_THAT(switches(), ElementsAre("Paint: Red Blue *White", "Switch: Red Blue *Green"));
 }
 
 TEST_F(kuVariantsSharedSwitchTest, OtherNodesOfTheOwnPathDoNotCount) {

@@ -12,10 +12,11 @@ namespace {
 
 using kuStandalone::SceneNode;
 
-class KuActiveNodesTest : public SceneCaptureTest, public ::testing::WithParamInterface<int> {
+class KuVariantsInactiveNodesTest : public SceneCaptureTest,
+                                    public ::testing::WithParamInterface<int> {
  protected:
   /** Sixty groups of few names, some without one, a third of them inactive. */
-  KuActiveNodesTest() : _random(static_cast<unsigned>(GetParam())) {
+  KuVariantsInactiveNodesTest() : _random(static_cast<unsigned>(GetParam())) {
     std::vector<osg::NodePtr> nodes{scene.root()};
     while (nodes.size() < 60) {
       nodes.push_back(scene.group(nameAt(number(12)), nodes[number(nodes.size())]));
@@ -64,7 +65,7 @@ class KuActiveNodesTest : public SceneCaptureTest, public ::testing::WithParamIn
 
 }  // namespace
 
-TEST_P(KuActiveNodesTest, CaptureAnswersAsAPlainLookThroughTheScene) {
+TEST_P(KuVariantsInactiveNodesTest, CaptureAnswersAsAPlainLookThroughTheScene) {
   walk(scene.root());
   states.emplace_back("target Root");
   capture(only(&CaptureFlags::nodes));
@@ -72,7 +73,7 @@ TEST_P(KuActiveNodesTest, CaptureAnswersAsAPlainLookThroughTheScene) {
   EXPECT_EQ(scriptLines(), script);
 }
 
-TEST_P(KuActiveNodesTest, SingleQuestionAnswersAsAPlainLookThroughTheScene) {
+TEST_P(KuVariantsInactiveNodesTest, SingleQuestionAnswersAsAPlainLookThroughTheScene) {
   std::vector<kuNodePtr> nodes;
   kuNodeUtils::getSceneNodes(nodes, false);
   for (const kuNodePtr& node : nodes) {
@@ -83,4 +84,4 @@ TEST_P(KuActiveNodesTest, SingleQuestionAnswersAsAPlainLookThroughTheScene) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Scenes, KuActiveNodesTest, ::testing::Range(0, 40));
+INSTANTIATE_TEST_SUITE_P(Scenes, KuVariantsInactiveNodesTest, ::testing::Range(0, 40));
