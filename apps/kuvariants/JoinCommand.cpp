@@ -42,10 +42,17 @@ QString secretIn(const std::string& file) {
   throw Failure{ExitCode::InputNotValid, "cannot read", secret.error.toStdString(), ""};
 }
 
+void checkReadable(const std::string& file) {
+  QFile opened(QFile::decodeName(file.c_str()));
+  if (file.empty() || opened.open(QIODevice::ReadOnly)) return;
+  throw Failure{ExitCode::InputNotValid, "cannot read", file, opened.errorString().toStdString()};
+}
+
 Outcome join(const JoinOptions& given, const Invocation& invocation) {
   SessionOptions options = sessionOptions(given);
   options.password = secretIn(given.passwordFile);
   options.token = secretIn(given.tokenFile);
+  checkReadable(given.authorityFile);
   return Participation(options, invocation).run();
 }
 
@@ -81,6 +88,13 @@ void addOptions(CLI::App& command, JoinOptions& options) {
           "Certificates to trust instead of the\nsystem's");
 }
 
+void checkOptions(const SessionOptions& options) {
+  const QString fault = options.fault();
+  if (!fault.isEmpty()) throw CLI::ValidationError("--session", fault.toStdString());
+  if (options.caFile.isEmpty() || options.isEncrypted()) return;
+  throw CLI::ValidationError("--tls-ca", "nothing is encrypted without --tls or tls://");
+}
+
 }  // namespace
 
 void addJoinCommand(CLI::App& app, Invocation& invocation) {
@@ -94,8 +108,7 @@ void addJoinCommand(CLI::App& app, Invocation& invocation) {
       "Example:\n"
       "  kuvariants join car.gltf car.xml --session nats://127.0.0.1:4333/review");
   command->callback([&invocation, options] {
-    const QString fault = sessionOptions(*options).fault();
-    if (!fault.isEmpty()) throw CLI::ValidationError("--session", fault.toStdString());
+    checkOptions(sessionOptions(*options));
     invocation.run = [options](const Invocation& chosen) { return join(*options, chosen); };
   });
 }

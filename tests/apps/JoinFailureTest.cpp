@@ -1,6 +1,7 @@
 #include <QElapsedTimer>
 
 #include "JoinTest.h"
+#include "support/Certificates.h"
 
 using ::testing::HasSubstr;
 using ::testing::Not;
@@ -37,6 +38,38 @@ TEST_F(JoinFailure, SessionThatCannotBeReachedIsCodeSixAndSoonTold) {
 TEST_F(JoinFailure, BrokerThatDoesNotEncryptIsRefusedWhereEncryptionIsAskedFor) {
   EXPECT_EQ(joinAt(session(), {"--tls"}).code, 6);
   EXPECT_EQ(joinAt("tls://" + broker->address() + "/review").code, 6);
+}
+
+TEST_F(JoinFailure, EncryptedBrokerIsJoinedByTheFileOfItsAuthority) {
+  const Certificates certificates("IP:127.0.0.1");
+  brokerWith(certificates.configuration());
+  const CliResult result =
+      talk("select Winter\nquit\n", {"--tls", "--tls-ca", certificates.authority()});
+  EXPECT_EQ(result.code, 0);
+  EXPECT_EQ(result.err, "");
+  EXPECT_THAT(result.out, HasSubstr("You selected Winter"));
+}
+
+TEST_F(JoinFailure, EncryptedBrokerOfAnAuthorityThatNobodyKnowsIsRefused) {
+  const Certificates certificates("IP:127.0.0.1");
+  brokerWith(certificates.configuration());
+  const CliResult result = joinAt(session(), {"--tls"});
+  EXPECT_EQ(result.code, 6);
+  EXPECT_EQ(result.out, "");
+  EXPECT_THAT(result.err, HasSubstr("cannot join session: review at "));
+}
+
+TEST_F(JoinFailure, FileOfAnAuthorityThatCannotBeReadIsCodeThree) {
+  const CliResult result = joinAt(session(), {"--tls", "--tls-ca", "absent.pem"});
+  EXPECT_EQ(result.code, 3);
+  EXPECT_THAT(result.err, HasSubstr("kuvariants: cannot read: absent.pem: "));
+}
+
+TEST_F(JoinFailure, FileOfAnAuthorityThatHoldsNoCertificateIsNamed) {
+  write("rubbish.pem", "no certificate\n");
+  const CliResult result = joinAt(session(), {"--tls", "--tls-ca", "rubbish.pem"});
+  EXPECT_EQ(result.code, 6);
+  EXPECT_THAT(result.err, HasSubstr("the certificates in rubbish.pem cannot be used"));
 }
 
 TEST_F(JoinFailure, PasswordOfTheFileOpensTheBroker) {
@@ -85,6 +118,8 @@ TEST_F(JoinFailure, CommandLineThatCannotDoIsCodeTwo) {
         Row{{"--session", "http://localhost/review"}, "neither nats:// nor tls://"},
         Row{{"--session", "nats://team:pw@localhost/review"}, "do not belong into the address"},
         Row{{"--session", url, "--password-file", "car.xml"}, "--user"},
+        Row{{"--session", url, "--tls-ca", "car.xml"},
+            "nothing is encrypted without --tls or tls://"},
         Row{{"--session", url, "--user", "u", "--token-file", "car.xml"}, "excludes"}}) {
     SCOPED_TRACE(row.reason);
     const CliResult result = run(QStringList{"join", "car.gltf", "car.xml"} + row.options);
