@@ -55,18 +55,6 @@ QByteArray readWhole(const std::string& path) {
   return text;
 }
 
-const char* prefixOf(LogLevel level) {
-  switch (level) {
-    case LogLevel::Error:
-      return "error: ";
-    case LogLevel::Warning:
-      return "warning: ";
-    case LogLevel::Info:
-      break;
-  }
-  return "";
-}
-
 void savePresentScene(const std::string& path) {
   if (OutputFile::isSpecial(path)) {
     throw Failure{ExitCode::OutputNotWritten, "cannot write", path, "not a regular file"};
@@ -121,7 +109,7 @@ void Workspace::log(LogLevel level, const std::string& text) {
   if (level == LogLevel::Error && text.compare(0, readError.size(), readError) == 0) {
     _readError = text.substr(readError.size());
   } else {
-    printDiagnostic(prefixOf(level) + text);
+    printDiagnostic(LogSink::lineOf(level, text));
   }
 }
 

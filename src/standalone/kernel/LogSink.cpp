@@ -43,9 +43,13 @@ LogSink::~LogSink() {
   sinks().erase(found);
 }
 
+std::string LogSink::lineOf(LogLevel level, const std::string& text) {
+  return prefixOf(level) + text;
+}
+
 void writeLog(LogLevel level, const std::string& text) {
   if (sinks().empty()) {
-    std::fprintf(stderr, "%s%s\n", prefixOf(level), text.c_str());
+    std::fprintf(stderr, "%s\n", LogSink::lineOf(level, text).c_str());
     return;
   }
   const LogSink::Sink sink = sinks().back().second;  // a copy: it may end itself in the call

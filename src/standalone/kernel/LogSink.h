@@ -23,6 +23,9 @@ class KUHOST_EXPORT LogSink {
   LogSink(const LogSink&) = delete;
   LogSink& operator=(const LogSink&) = delete;
 
+  /** The line that the log's own output would write, without a line feed. */
+  static std::string lineOf(LogLevel level, const std::string& text);
+
  private:
   int _handle;
 };
