@@ -34,6 +34,20 @@ class BrokerAdministrator {
     EXPECT_TRUE(ask("$JS.API.STREAM.MSG.DELETE." + stream, text)["success"].toBool());
   }
 
+  void removeStream(const QByteArray& stream) {
+    EXPECT_TRUE(ask("$JS.API.STREAM.DELETE." + stream)["success"].toBool());
+  }
+
+  /** How many messages a stream holds. */
+  int messages(const QByteArray& stream) {
+    return ask("$JS.API.STREAM.INFO." + stream)["state"].toObject()["messages"].toInt();
+  }
+
+  /** To how many a stream delivers. */
+  int consumers(const QByteArray& stream) {
+    return ask("$JS.API.CONSUMER.NAMES." + stream)["consumers"].toArray().size();
+  }
+
   /** Removes all that a stream delivers to; answers how many there were. */
   int removeConsumers(const QByteArray& stream) {
     const QJsonArray names = ask("$JS.API.CONSUMER.NAMES." + stream)["consumers"].toArray();

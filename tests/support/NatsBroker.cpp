@@ -96,6 +96,11 @@ void NatsBroker::restart() {
   start(_port);
 }
 
+void NatsBroker::restart(const QByteArray& configuration) {
+  _configuration = configuration;
+  restart();
+}
+
 void NatsBroker::wipe() {
   ASSERT_EQ(_process, 0);
   ASSERT_TRUE(QDir(_folder.path() + "/store").removeRecursively());

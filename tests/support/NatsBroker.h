@@ -25,6 +25,8 @@ class NatsBroker {
   void kill();
   /** The same again: port, configuration and store. */
   void restart();
+  /** The same port and store with another configuration. */
+  void restart(const QByteArray& configuration);
   /** Empties the store; only while it does not run. */
   void wipe();
   /** Remembers the store as it is; only while it does not run. */

@@ -14,6 +14,7 @@ class KUHOST_EXPORT kuSessionCommandFactory {
  public:
   using Creator = std::function<kuSessionCommand*()>;
   using Deleter = void (*)(kuSessionCommand*);
+  using Copier = kuSessionCommand* (*)(const kuSessionCommand&);
   using Command = std::unique_ptr<kuSessionCommand, Deleter>;
 
   static kuSessionCommandFactory& the();
@@ -27,6 +28,11 @@ class KUHOST_EXPORT kuSessionCommandFactory {
   /** For the host: a command of that name, ready to read; null for an unknown name. */
   Command create(const std::string& name) const;
 
+  /** For the host: another one like this, all that the class holds included; null for a class that
+   * is not registered, or whose library has gone. It may outlive the library, but not be run then.
+   */
+  std::shared_ptr<kuSessionCommand> copyOf(const kuSessionCommand& command) const;
+
   /** For the host: the name of a class; empty for a number that no class has. */
   std::string nameOf(unsigned type) const;
 
@@ -36,7 +42,8 @@ class KUHOST_EXPORT kuSessionCommandFactory {
   /**
    * Registers the class T for as long as it lives; made as a static object of a library, so while
    * the library loads. T has a static `create` that answers a new T as it has to be before it is
-   * read. When the library goes, the class keeps its number, and no command of it can be made.
+   * read, and can be copied. When the library goes, the class keeps its number, and no command of
+   * it can be made.
    */
   template <class T>
   class Register {
@@ -44,7 +51,8 @@ class KUHOST_EXPORT kuSessionCommandFactory {
     explicit Register(const char* name) {
       kuSessionCommandFactory& factory = kuSessionCommandFactory::the();
       factory.registerCommand(typeid(T), name, [] { return T::create(); });
-      factory.setDeleter(typeid(T), [](kuSessionCommand* one) { delete static_cast<T*>(one); });
+      factory.setLife(typeid(T), copy<T>,
+                      [](kuSessionCommand* one) { delete static_cast<T*>(one); });
     }
     ~Register() { kuSessionCommandFactory::the().forgetCreator(typeid(T)); }
     Register(const Register&) = delete;
@@ -60,11 +68,16 @@ class KUHOST_EXPORT kuSessionCommandFactory {
     std::string className;
     std::string name;
     Creator creator;
+    Copier copier = nullptr;
     Deleter deleter = nullptr;
   };
 
   kuSessionCommandFactory() = default;
-  void setDeleter(std::type_index type, Deleter deleter);
+  template <class T>
+  static kuSessionCommand* copy(const kuSessionCommand& command) {
+    return new T(static_cast<const T&>(command));
+  }
+  void setLife(std::type_index type, Copier copier, Deleter deleter);
   void forgetCreator(std::type_index type);
   Entry* find(std::type_index type);
 

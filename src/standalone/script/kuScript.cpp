@@ -69,8 +69,14 @@ bool kuScript::executeNUS(const char* code, bool sync) {
   HostState& state = HostState::the();
   ++state.scriptCommands;
   state.lastScriptCommandSync = sync;
-  if (sync && Session::present()) Session::present()->pushScript(orEmpty(code));
-  return run(code);
+  const Session* session = sync ? Session::present() : nullptr;
+  if (!session || !session->isReadyToUse()) return run(code);
+  const std::uint64_t pushed = session->pushed();
+  const bool hasRun = run(code);
+  // What it selected has gone to the partners as commands; as a text it would happen there twice.
+  Session* present = Session::present();
+  if (present && present->pushed() == pushed) present->pushScript(orEmpty(code));
+  return hasRun;
 }
 
 std::string kuScript::executeNUSR(const char* code) {

@@ -7,6 +7,7 @@
 
 #include "standalone/session/BrokerHandles.h"
 #include "standalone/session/SessionFrame.h"
+#include "standalone/session/SessionPartners.h"
 
 namespace kuStandalone {
 
@@ -28,15 +29,23 @@ void onLost(natsConnection*, void* closure) { tell(closure, SessionDelivery::Kin
 void onBack(natsConnection*, void* closure) { tell(closure, SessionDelivery::Kind::Back); }
 void onClosed(natsConnection*, void* closure) { tell(closure, SessionDelivery::Kind::Closed); }
 
-/** What goes wrong in the client's threads shows in what does not arrive; without this handler the
- * client would print it. */
-void onTrouble(natsConnection*, natsSubscription*, natsStatus, void*) {}
+/** That a message was refused is told of here alone. All else that goes wrong in the client's
+ * threads shows in what does not arrive; without this handler the client would print it. */
+void onTrouble(natsConnection* link, natsSubscription*, natsStatus status, void* closure) {
+  if (status != NATS_NOT_PERMITTED) return;
+  const char* text = nullptr;
+  natsConnection_GetLastError(link, &text);
+  SessionDelivery delivery;
+  delivery.kind = SessionDelivery::Kind::Denied;
+  delivery.bytes = text;
+  static_cast<SessionInbox*>(closure)->put(std::move(delivery));
+}
 
 void onPresence(natsConnection*, natsSubscription*, natsMsg* given, void* closure) {
   const BrokerMessage message(given);
   SessionDelivery delivery;
   delivery.kind = SessionDelivery::Kind::Presence;
-  delivery.bytes = bytesOf(given);
+  delivery.bytes = bytesOf(given, kMostSignBytes);
   static_cast<SessionInbox*>(closure)->put(std::move(delivery));
 }
 
@@ -118,18 +127,16 @@ struct BrokerConnection::Parts {
   std::deque<BrokerReceiver> receivers;
   BrokerLink link;
   BrokerSubscription presence;
-  std::vector<BrokerSubscription> ended;
-  std::vector<BrokerJetStream> endedContexts;
 };
 
 BrokerConnection::BrokerConnection(const SessionOptions& options,
                                    std::shared_ptr<SessionInbox> inbox)
-    : _parts(new Parts{
-          options, SessionSubject(options.session), std::move(inbox), {}, {}, {}, {}, {}}) {}
+    : _parts(new Parts{options, SessionSubject(options.session), std::move(inbox), {}, {}, {}}) {
+  _parts->inbox->beginConnection();
+}
 
 /** Threads of the client may be at work for a moment after the connection has closed, and read what
- * has been freed by then. So what they were given stays as long as the process: a few kilobytes a
- * session, and the stacks of the two threads that served its subscriptions. */
+ * has been freed by then. So what they were given stays as long as the process; it is small. */
 void BrokerConnection::keepForEver(std::unique_ptr<Parts> parts) {
   static auto* const kept = new std::vector<std::unique_ptr<Parts>>;
   kept->push_back(std::move(parts));
@@ -137,18 +144,13 @@ void BrokerConnection::keepForEver(std::unique_ptr<Parts> parts) {
 
 BrokerConnection::~BrokerConnection() {
   if (_parts->link) {
+    _parts->presence.reset();
     natsConnection_FlushTimeout(_parts->link.get(), 500);
     natsConnection_Close(_parts->link.get());
     _parts->inbox->waitForClosed(kCloseLimit);
   }
   keepForEver(std::move(_parts));
 }
-
-void BrokerConnection::keepEnded(natsSubscription* subscription) {
-  _parts->ended.emplace_back(subscription);
-}
-
-void BrokerConnection::keepEnded(jsCtx* context) { _parts->endedContexts.emplace_back(context); }
 
 QString BrokerConnection::open() {
   natsOptions* made = nullptr;
@@ -179,7 +181,11 @@ QString BrokerConnection::subscribePresence() {
 }
 
 bool BrokerConnection::isConnected() const {
-  return natsConnection_Status(_parts->link.get()) == NATS_CONN_STATUS_CONNECTED;
+  return _parts->link && natsConnection_Status(_parts->link.get()) == NATS_CONN_STATUS_CONNECTED;
+}
+
+bool BrokerConnection::isClosed() const {
+  return !_parts->link || natsConnection_IsClosed(_parts->link.get());
 }
 
 qint64 BrokerConnection::mostBytes() const {
@@ -193,10 +199,8 @@ const SessionSubject& BrokerConnection::subject() const { return _parts->subject
 
 natsConnection* BrokerConnection::link() const { return _parts->link.get(); }
 
-BrokerReceiver* BrokerConnection::makeReceiver() {
-  const auto number = unsigned(_parts->receivers.size()) + 1;
-  _parts->receivers.push_back({_parts->inbox.get(), number});
-  return &_parts->receivers.back();
+BrokerReceiver* BrokerConnection::makeReceiver(unsigned number) {
+  return &_parts->receivers.emplace_back(*_parts->inbox, number);
 }
 
 void BrokerConnection::announce(const QByteArray& bytes) {

@@ -4,6 +4,8 @@
 
 #include <QByteArray>
 #include <QString>
+#include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <memory>
 
@@ -15,8 +17,14 @@ namespace kuStandalone {
 
 /** Of the broker's client: what a callback of a subscription to the stream needs. */
 struct BrokerReceiver {
-  SessionInbox* inbox;
-  unsigned subscription;
+  using Clock = std::chrono::steady_clock;
+
+  BrokerReceiver(SessionInbox& to, unsigned number) : inbox(to), subscription(number) {}
+
+  SessionInbox& inbox;
+  const unsigned subscription;
+  /** When something came, be it only the broker's word that there is nothing. */
+  std::atomic<Clock::time_point> heardAt{Clock::now()};
 };
 
 /**
@@ -36,6 +44,8 @@ class BrokerConnection {
   QString open();
 
   bool isConnected() const;
+  /** Whether it is over for good: the client does not connect again by itself. */
+  bool isClosed() const;
   /** The longest message, without what stands before it. */
   qint64 mostBytes() const;
 
@@ -43,13 +53,8 @@ class BrokerConnection {
   const SessionSubject& subject() const;
   /** The client's own handle. */
   natsConnection* link() const;
-  /** For a subscription of its own; it holds until the connection is over. Its numbers are never 0.
-   */
-  BrokerReceiver* makeReceiver();
-
-  // What has ended is taken over: the client's threads may still be at it.
-  void keepEnded(natsSubscription* subscription);
-  void keepEnded(jsCtx* context);
+  /** For a subscription of that number; it holds as long as any of the client's threads. */
+  BrokerReceiver* makeReceiver(unsigned number);
 
   /** Tells those who are there now; nobody knows whether it arrives. */
   void announce(const QByteArray& bytes);

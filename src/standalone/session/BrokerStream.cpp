@@ -14,23 +14,26 @@ constexpr std::int64_t kMinute = 60'000 * kMillisecond;
 
 /** Whoever is connected sees every message as long as it is less than this behind. */
 constexpr std::int64_t kKeptPerSubject = 1000;
-constexpr std::int64_t kKeptBytes = 1 << 30;
+/** The broker reserves so much for each session. */
+constexpr std::int64_t kKeptBytes = 128 << 20;
 constexpr std::int64_t kKeptTime = 30 * 24 * 60 * kMinute;
 constexpr std::int64_t kDuplicateWindow = 10 * kMinute;
 constexpr std::int64_t kConsumerHeartbeat = 500 * kMillisecond;
+constexpr std::chrono::seconds kLongestSilence{3};
 
 void onMessage(natsConnection*, natsSubscription*, natsMsg* given, void* closure) {
   const BrokerMessage message(given);
-  const auto* receiver = static_cast<const BrokerReceiver*>(closure);
+  auto* receiver = static_cast<BrokerReceiver*>(closure);
+  receiver->heardAt = BrokerReceiver::Clock::now();
   jsMsgMetaData* metaData = nullptr;
   if (natsMsg_GetMetaData(&metaData, given) != NATS_OK) return;
   const BrokerMetaData owned(metaData);
   SessionDelivery delivery;
-  delivery.bytes = bytesOf(given);
+  delivery.bytes = bytesOf(given, kSessionFrameBytes);
   delivery.subscription = receiver->subscription;
   delivery.sequence = metaData->Sequence.Stream;
   delivery.pending = metaData->NumPending;
-  receiver->inbox->put(std::move(delivery));
+  receiver->inbox.put(std::move(delivery));
 }
 
 BrokerStream::State stateOf(const jsStreamInfo& info) {
@@ -49,7 +52,9 @@ BrokerStream::State failed(natsStatus status, jsErrCode code) {
     state.error = QStringLiteral("the broker has no JetStream");
     return state;
   }
-  const QString reason = QString::fromUtf8(natsStatus_GetText(status));
+  // What the broker itself says, where it says something.
+  const char* text = code ? nats_GetLastError(nullptr) : natsStatus_GetText(status);
+  const QString reason = QString::fromUtf8(text);
   state.error = QStringLiteral("the broker does not open the session: %1").arg(reason);
   return state;
 }
@@ -80,10 +85,11 @@ struct BrokerStream::Parts {
   QByteArray name;
   BrokerJetStream context;
   BrokerSubscription subscription;
+  BrokerReceiver* receiver = nullptr;
 };
 
 BrokerStream::BrokerStream(BrokerConnection& connection)
-    : _connection(connection), _parts(new Parts{connection.subject().stream(), {}, {}}) {
+    : _connection(connection), _parts(new Parts{connection.subject().stream(), {}, {}, nullptr}) {
   jsOptions options;
   jsOptions_Init(&options);
   options.Wait = connection.options().acknowledgeTimeout.count();
@@ -92,13 +98,12 @@ BrokerStream::BrokerStream(BrokerConnection& connection)
   _parts->context.reset(context);
 }
 
-BrokerStream::~BrokerStream() {
-  retire();
-  _connection.keepEnded(_parts->context.release());
-}
+BrokerStream::~BrokerStream() { retire(); }
 
+/** The broker forgets by itself to whom it delivered where nobody listens any more. */
 void BrokerStream::retire() {
-  if (_parts->subscription) _connection.keepEnded(_parts->subscription.release());
+  if (_parts->subscription) natsSubscription_Unsubscribe(_parts->subscription.get());
+  _parts->subscription.reset();
 }
 
 BrokerStream::State BrokerStream::find() {
@@ -118,43 +123,55 @@ BrokerStream::State BrokerStream::find() {
   return status == NATS_OK ? stateOf(*info) : failed(status, code);
 }
 
-BrokerStream::Subscription BrokerStream::subscribeToLast() { return subscribe(0); }
-
-BrokerStream::Subscription BrokerStream::subscribeFrom(std::uint64_t sequence) {
-  return subscribe(sequence);
+BrokerStream::Subscription BrokerStream::subscribeToLast(unsigned number) {
+  return subscribe(number, 0);
 }
 
-BrokerStream::Subscription BrokerStream::subscribe(std::uint64_t firstSequence) {
-  jsSubOptions options;
-  jsSubOptions_Init(&options);
-  options.Stream = _parts->name.constData();
-  options.Ordered = true;
-  options.Config.Heartbeat = kConsumerHeartbeat;
-  options.Config.DeliverPolicy =
-      firstSequence == 0 ? js_DeliverLastPerSubject : js_DeliverByStartSequence;
-  options.Config.OptStartSeq = firstSequence;
-  options.Config.MemoryStorage = true;
-  const QByteArray all = _connection.subject().all();
-  BrokerReceiver* receiver = _connection.makeReceiver();
-  natsSubscription* made = nullptr;
-  // Unsubscribing here makes the client read freed memory where the broker has forgotten the
-  // consumer; what still comes by the old one is passed over by its number.
+BrokerStream::Subscription BrokerStream::subscribeFrom(unsigned number, std::uint64_t sequence) {
+  return subscribe(number, sequence);
+}
+
+/** A plain subscription to which the broker delivers, since the client's own way of keeping the
+ * order gets lost where the broker forgets to whom it delivered: the session counts by itself. */
+BrokerStream::Subscription BrokerStream::subscribe(unsigned number, std::uint64_t firstSequence) {
   retire();
-  const natsStatus status = js_Subscribe(&made, _parts->context.get(), all.constData(), onMessage,
-                                         receiver, nullptr, &options, nullptr);
-  _parts->subscription.reset(made);
+  natsInbox* made = nullptr;
+  if (natsInbox_Create(&made) != NATS_OK) return {};
+  const BrokerInbox inbox(made);
+  natsSubscription* subscription = nullptr;
+  _parts->receiver = _connection.makeReceiver(number);
+  const natsStatus status = natsConnection_Subscribe(&subscription, _connection.link(), inbox.get(),
+                                                     onMessage, _parts->receiver);
+  _parts->subscription.reset(subscription);
   if (status != NATS_OK) return {};
-  natsSubscription_SetPendingLimits(made, -1, -1);
-  return waitingIn(receiver->subscription);
+  natsSubscription_SetPendingLimits(subscription, -1, -1);
+  const Subscription answer = deliverTo(inbox.get(), firstSequence);
+  if (!answer.exists) retire();
+  return answer;
 }
 
-BrokerStream::Subscription BrokerStream::waitingIn(unsigned number) {
+BrokerStream::Subscription BrokerStream::deliverTo(const char* inbox, std::uint64_t firstSequence) {
+  const QByteArray all = _connection.subject().all();
+  jsConsumerConfig config;
+  jsConsumerConfig_Init(&config);
+  config.DeliverSubject = inbox;
+  config.DeliverPolicy = firstSequence == 0 ? js_DeliverLastPerSubject : js_DeliverByStartSequence;
+  config.OptStartSeq = firstSequence;
+  config.FilterSubject = all.constData();
+  config.AckPolicy = js_AckNone;
+  config.Heartbeat = kConsumerHeartbeat;
+  config.MemoryStorage = true;
   jsConsumerInfo* info = nullptr;
-  natsSubscription* subscription = _parts->subscription.get();
-  const natsStatus status = natsSubscription_GetConsumerInfo(&info, subscription, nullptr, nullptr);
+  const natsStatus status = js_AddConsumer(&info, _parts->context.get(), _parts->name.constData(),
+                                           &config, nullptr, nullptr);
   const BrokerConsumerInfo owned(info);
   if (status != NATS_OK) return {};
-  return {number, info->NumPending + info->Delivered.Consumer};
+  return {true, info->NumPending + info->Delivered.Consumer};
+}
+
+bool BrokerStream::isSilent() const {
+  if (!_parts->receiver) return false;
+  return BrokerReceiver::Clock::now() - _parts->receiver->heardAt.load() > kLongestSilence;
 }
 
 bool BrokerStream::send(const QByteArray& subject, const QByteArray& bytes, const QByteArray& id) {
@@ -181,7 +198,8 @@ Publication BrokerStream::publish(const QByteArray& subject, const QByteArray& b
                                        bytes.constData(), bytes.size(), &options, &code);
   const BrokerAcknowledgement owned(acknowledgement);
   if (status == NATS_OK) return Publication::Stored;
-  const bool isRefused = status == NATS_MAX_PAYLOAD || code == JSStreamMessageExceedsMaximumErr;
+  const bool isForNow = code == JSClusterNotAvailErr || code == JSClusterNotLeaderErr;
+  const bool isRefused = status == NATS_MAX_PAYLOAD || (code != 0 && !isForNow);
   return isRefused ? Publication::Refused : Publication::Unknown;
 }
 

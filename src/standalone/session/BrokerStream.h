@@ -44,16 +44,19 @@ class BrokerStream {
 
   /** A subscription that took the place of the one before. */
   struct Subscription {
-    /** What its deliveries carry; 0 if it failed. */
-    unsigned number = 0;
+    bool exists = false;
     /** How many messages of the past it delivers. */
     std::uint64_t waiting = 0;
   };
 
-  /** To the last message of each subject, and all that is new. */
-  Subscription subscribeToLast();
+  /** To the last message of each subject, and all that is new.
+   * @param number what the deliveries carry; higher than that of all before. */
+  Subscription subscribeToLast(unsigned number);
   /** To everything from a place on. */
-  Subscription subscribeFrom(std::uint64_t sequence);
+  Subscription subscribeFrom(unsigned number, std::uint64_t sequence);
+
+  /** Whether the broker has said nothing for longer than it ever should: it delivers no more. */
+  bool isSilent() const;
 
   /** Sends a message on its way, and does not wait; false if there is no way. */
   bool send(const QByteArray& subject, const QByteArray& bytes, const QByteArray& id);
@@ -63,8 +66,8 @@ class BrokerStream {
 
  private:
   struct Parts;
-  Subscription subscribe(std::uint64_t firstSequence);
-  Subscription waitingIn(unsigned number);
+  Subscription subscribe(unsigned number, std::uint64_t firstSequence);
+  Subscription deliverTo(const char* inbox, std::uint64_t firstSequence);
   void retire();
 
   BrokerConnection& _connection;

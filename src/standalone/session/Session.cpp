@@ -58,6 +58,8 @@ void Session::block(unsigned type) { _parts->blocked().insert(type); }
 
 void Session::unblock(unsigned type) { _parts->blocked().erase(type); }
 
+std::uint64_t Session::pushed() const { return _parts->pushed(); }
+
 void Session::pushScript(const QByteArray& text) {
   if (isReadyToUse()) _parts->pushScript(text);
 }

@@ -77,8 +77,14 @@ class KUHOST_EXPORT Session {
   void block(unsigned type);
   void unblock(unsigned type);
 
-  /** Sends script commands to the partners, which run them if the text is made wholly of commands.
-   * It does not run here. Nothing happens while the session is not ready. */
+  /** How many commands were pushed so far, blocked ones and nested ones included. */
+  std::uint64_t pushed() const;
+
+  /**
+   * Sends script commands that have just run here to the partners, which run them if the text is
+   * made wholly of commands. They run here once more if something of a partner's turns out to have
+   * its place in front of them. Nothing happens while the session is not ready.
+   */
   void pushScript(const QByteArray& text);
 
  private:

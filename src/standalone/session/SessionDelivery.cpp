@@ -1,5 +1,7 @@
 #include <QApplication>
 
+#include "host/kernel/kuLog.h"
+#include "host/script/kuScript.h"
 #include "standalone/kernel/HostState.h"
 #include "standalone/script/PartnerCommands.h"
 #include "standalone/session/SessionParts.h"
@@ -9,6 +11,8 @@ namespace kuStandalone {
 namespace {
 
 constexpr std::size_t kMostRefused = 100;
+/** Of the event loop; then others have their turn. */
+constexpr std::chrono::milliseconds kLongestTurn{20};
 
 /** Something is true as long as this lives. */
 class Flag {
@@ -34,9 +38,9 @@ void Session::Parts::wake() {
   // A command that runs may have an event loop of its own.
   if (_isDelivering || CommandRun::isRunning()) return _again.start();
   takeNews();
-  if (!_isLinked && _isEchoed) tryAgain();
+  if (!_isLinked) tryAgain();
   deliver();
-  fetchDropped();
+  fetchMissing();
   sendKept();
   tellBack();
 }
@@ -44,6 +48,7 @@ void Session::Parts::wake() {
 void Session::Parts::takeNews() {
   for (const SessionDelivery& news : _inbox->takeNews())
     receive(news);
+  if (_inbox->hasNews()) _next.start();
 }
 
 void Session::Parts::receive(const SessionDelivery& news) {
@@ -54,7 +59,10 @@ void Session::Parts::receive(const SessionDelivery& news) {
     case Kind::Lost:
       return becomeAlone(QStringLiteral("the connection broke"));
     case Kind::Closed:
-      return becomeAlone(QStringLiteral("it has closed the connection for good"));
+      return noteClosed();
+    case Kind::Denied:
+      _denial = news.bytes;
+      return;
     case Kind::Back:
       _isEchoed = true;
       return _again.start();
@@ -66,7 +74,9 @@ void Session::Parts::receive(const SessionDelivery& news) {
 void Session::Parts::deliver() {
   if (_isDelivering) return;
   const Flag delivering(_isDelivering);
+  const Clock::time_point end = Clock::now() + kLongestTurn;
   while (!(_awaited && _awaited->hasRun)) {
+    if (!_awaited && Clock::now() >= end) return _next.start();
     const std::optional<SessionDelivery> delivery = _inbox->firstMessage();
     if (!delivery || !deliverFirst(*delivery)) return;
   }
@@ -86,20 +96,42 @@ bool Session::Parts::deliverFirst(const SessionDelivery& delivery) {
   }
   _inbox->dropFirstMessage();
   if (isPassed(delivery)) return true;
+  if (isBehindGap(delivery)) {
+    // What follows comes again, behind what is missing.
+    _isMissing = true;
+    _subscription = 0;
+    _next.start();
+    return true;
+  }
   _lastSequence = delivery.sequence;
-  switch (reading.status) {
-    case SessionFrameReading::Status::Whole:
-      deliverFrame(reading.frame, delivery.sequence);
-      break;
-    case SessionFrameReading::Status::Newer:
-      refuseNewer(reading);
-      break;
-    case SessionFrameReading::Status::Broken:
-      _log.dropped(QString(), reading.reason);
-      break;
+  try {
+    deliverReading(reading, delivery.sequence);
+  } catch (...) {
+    noteProgress(delivery);
+    throw;
   }
   noteProgress(delivery);
   return true;
+}
+
+/** Among the last messages of each subject there are gaps, behind them there is none. */
+bool Session::Parts::isBehindGap(const SessionDelivery& delivery) {
+  if (_leftOfPast > 0) {
+    _leftOfPast = delivery.pending == 0 ? 0 : _leftOfPast - 1;
+    return false;
+  }
+  return _lastSequence != 0 && delivery.sequence != _lastSequence + 1;
+}
+
+void Session::Parts::deliverReading(const SessionFrameReading& reading, std::uint64_t sequence) {
+  switch (reading.status) {
+    case SessionFrameReading::Status::Whole:
+      return deliverFrame(reading.frame, sequence);
+    case SessionFrameReading::Status::Newer:
+      return refuseNewer(reading);
+    case SessionFrameReading::Status::Broken:
+      return _log.dropped(QString(), reading.reason);
+  }
 }
 
 bool Session::Parts::mayRunWhileBusy(const SessionFrameReading& reading) const {
@@ -124,21 +156,36 @@ void Session::Parts::deliverFrame(const SessionFrame& frame, std::uint64_t seque
 }
 
 bool Session::Parts::deliverOwn(const SessionFrame& frame, std::uint64_t sequence) {
-  if (_awaited && _awaited->id == frame.id) {
+  if (_awaited && _awaited->out.frame.id == frame.id) {
     _awaited->hasRun = true;
+    _patience = std::chrono::milliseconds(0);
     _order.isFirst(frame.id);
-    if (_awaited->command->runsAtSender()) CommandRun::run(*_awaited->command);
+    _order.hasRun();
+    // Whoever pushed it gets what it throws.
+    if (_awaited->command.runsAtSender()) CommandRun::run(_awaited->command);
     tellRun(frame, sequence);
     return true;
   }
-  const std::optional<bool> runsAgain = _order.runsAgain(frame.id);
-  if (!runsAgain) return false;
+  const std::optional<SessionOrder::Own> own = _order.takeOwn(frame.id);
+  if (!own) return false;
   _order.isFirst(frame.id);
   const MadeCommand made = makeCommand(frame);
-  if (!*runsAgain || !made.command || !made.command->runsAtSender()) return true;
-  CommandRun::run(*made.command);
+  if (!own->runsAgain || !made.command || !made.command->runsAtSender()) return true;
+  runGuarded(own->command ? *own->command : *made.command, frame);
   tellRun(frame, sequence);
   return true;
+}
+
+/** Nobody is there who could take what it throws. */
+void Session::Parts::runGuarded(kuSessionCommand& command, const SessionFrame& frame) {
+  const QByteArray what = (frame.type + " of " + frame.senderName).toUtf8();
+  try {
+    CommandRun::run(command);
+  } catch (const std::exception& exception) {
+    kuLog::error("Session: %s failed: %s", what.constData(), exception.what());
+  } catch (...) {
+    kuLog::error("Session: %s failed", what.constData());
+  }
 }
 
 void Session::Parts::deliverCommand(const SessionFrame& frame, std::uint64_t sequence) {
@@ -146,14 +193,14 @@ void Session::Parts::deliverCommand(const SessionFrame& frame, std::uint64_t seq
   if (!made.command) return _log.dropped(frame.senderName, made.reason);
   if (!_isJoinCompleted && !made.command->isForLateJoiners()) return;
   if (!_order.isFirst(frame.id)) return;
-  CommandRun::run(*made.command);
-  _order.partnerRan();
+  runGuarded(*made.command, frame);
+  _order.hasRun();
   tellRun(frame, sequence);
 }
 
 void Session::Parts::deliverScript(const SessionFrame& frame, std::uint64_t sequence) {
   if (!_order.isFirst(frame.id)) return;
-  if (frame.sender == _id) return static_cast<void>(_order.runsAgain(frame.id));
+  if (frame.sender == _id) return deliverOwnScript(frame);
   if (!_isJoinCompleted) return;
   std::string failure;
   {
@@ -161,8 +208,15 @@ void Session::Parts::deliverScript(const SessionFrame& frame, std::uint64_t sequ
     failure = runPartnerCommands(frame.payload);
   }
   if (!failure.empty()) return _log.dropped(frame.senderName, QString::fromStdString(failure));
-  _order.partnerRan();
+  _order.hasRun();
   tellRun(frame, sequence);
+}
+
+void Session::Parts::deliverOwnScript(const SessionFrame& frame) {
+  const std::optional<SessionOrder::Own> own = _order.takeOwn(frame.id);
+  if (!own || !own->runsAgain) return;
+  const CommandRun::Mark running;
+  kuScript::run(frame.payload.constData());
 }
 
 void Session::Parts::refuseNewer(const SessionFrameReading& reading) {

@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <algorithm>
+#include <iterator>
 
 namespace kuStandalone {
 
@@ -49,11 +51,23 @@ void SessionInbox::silence() {
   _messages.clear();
 }
 
-std::deque<SessionDelivery> SessionInbox::takeNews() {
+std::deque<SessionDelivery> SessionInbox::takeNews(std::size_t most) {
   const std::lock_guard<std::mutex> lock(_mutex);
-  std::deque<SessionDelivery> taken;
-  taken.swap(_news);
+  const auto end = _news.begin() + std::ptrdiff_t(std::min(most, _news.size()));
+  std::deque<SessionDelivery> taken(std::make_move_iterator(_news.begin()),
+                                    std::make_move_iterator(end));
+  _news.erase(_news.begin(), end);
   return taken;
+}
+
+bool SessionInbox::hasNews() const {
+  const std::lock_guard<std::mutex> lock(_mutex);
+  return !_news.empty();
+}
+
+void SessionInbox::beginConnection() {
+  const std::lock_guard<std::mutex> lock(_mutex);
+  _isClosed = false;
 }
 
 std::optional<SessionDelivery> SessionInbox::firstMessage() const {
@@ -80,7 +94,7 @@ bool SessionInbox::waitForClosed(std::chrono::milliseconds limit) {
 
 bool SessionInbox::hasOverflown(unsigned subscription) const {
   const std::lock_guard<std::mutex> lock(_mutex);
-  return _overflown == subscription;
+  return subscription != 0 && subscription <= _overflown;
 }
 
 bool SessionInbox::event(QEvent* event) {

@@ -22,6 +22,8 @@ struct SessionDelivery {
     Presence,
     Lost,
     Back,
+    /** A message was not taken for want of rights; the bytes are the broker's text. */
+    Denied,
     /** The connection is over for good. */
     Closed
   };
@@ -48,16 +50,19 @@ class KUHOST_EXPORT SessionInbox : public QObject {
   /** Any thread. */
   void put(SessionDelivery delivery);
 
-  /** Main thread: all that has come and is no message, in its order. */
-  std::deque<SessionDelivery> takeNews();
+  /** Main thread: what has come and is no message, in its order, and no more than so many. */
+  std::deque<SessionDelivery> takeNews(std::size_t most = 1000);
+  bool hasNews() const;
   /** The message that has waited longest; none if there is none. */
   std::optional<SessionDelivery> firstMessage() const;
   void dropFirstMessage();
   /** Waits until something is there; false if nothing came in time. */
   bool waitForMore(std::chrono::milliseconds limit);
+  /** Another connection begins. */
+  void beginConnection();
   /** Waits until the connection is over for good; false if that took longer. */
   bool waitForClosed(std::chrono::milliseconds limit);
-  /** Whether messages of a subscription were dropped. */
+  /** Whether messages of a subscription were dropped. Later subscriptions have higher numbers. */
   bool hasOverflown(unsigned subscription) const;
   /** From now on nobody is woken, and nothing is taken but the word that the connection is over. */
   void silence();
@@ -74,6 +79,7 @@ class KUHOST_EXPORT SessionInbox : public QObject {
   std::deque<SessionDelivery> _news, _messages;
   std::size_t _mostMessages;
   qint64 _bytes = 0;
+  /** The latest one of which messages were dropped; of those before nothing is taken either. */
   unsigned _overflown = 0;
   bool _isWakePosted = false, _isClosed = false, _isSilent = false;
 };

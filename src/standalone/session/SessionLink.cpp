@@ -10,6 +10,8 @@ namespace {
 /** While a dialogue is open or a long operation runs, and between sendings. */
 constexpr int kAgainMilliseconds = 20;
 constexpr std::chrono::milliseconds kLongestPatience{30'000};
+/** Many who ask at the same moment are answered by one sign. */
+constexpr std::chrono::milliseconds kShortestAnswer{100};
 
 }  // namespace
 
@@ -28,6 +30,10 @@ Session::Parts::Parts(const SessionOptions& options, SessionEvents events)
   _again.setSingleShot(true);
   _again.setInterval(kAgainMilliseconds);
   QObject::connect(&_again, &QTimer::timeout, [this] { wake(); });
+  _next.setSingleShot(true);
+  QObject::connect(&_next, &QTimer::timeout, [this] { wake(); });
+  _answer.setSingleShot(true);
+  QObject::connect(&_answer, &QTimer::timeout, [this] { announce(PresenceNote::Kind::Here); });
   QObject::connect(&_ticker, &QTimer::timeout, [this] { tick(); });
 }
 
@@ -37,11 +43,7 @@ Session::Parts::~Parts() {
 }
 
 QString Session::Parts::open() {
-  _connection = std::make_unique<BrokerConnection>(_options, _inbox);
-  QString error = _connection->open();
-  if (!error.isEmpty()) return error;
-  _stream = std::make_unique<BrokerStream>(*_connection);
-  error = attach();
+  const QString error = connectAnew();
   if (!error.isEmpty()) return error;
   _ticker.start(int(_options.heartbeat.count()));
   announce(PresenceNote::Kind::Asks);
@@ -54,13 +56,18 @@ void Session::Parts::tell(SessionEvent event) const {
 
 /** Subscribes to the stream: where it was left, or as one who comes late. */
 QString Session::Parts::attach() {
+  _denial.clear();
+  _subscription = 0;
   const BrokerStream::State state = _stream->find();
   if (!state.error.isEmpty()) return state.error;
   bool isAnew = state.identity != _identity || state.lastSequence < _lastSequence;
   const BrokerStream::Subscription subscription = subscribe(state, isAnew);
-  if (subscription.number == 0) return QStringLiteral("the broker does not deliver the session");
+  if (!subscription.exists) return QStringLiteral("the broker does not deliver the session");
   if (isAnew) startAnew(state.identity);
-  _subscription = subscription.number;
+  _leftOfPast = isAnew ? subscription.waiting : 0;
+  _isMissing = false;
+  _subscription = _lastSubscription;
+  _linkedSince = Clock::now();
   _catchUpTo = state.lastSequence;
   _isLinked = _isCatchingUp = true;
   if (subscription.waiting == 0) caughtUp();
@@ -69,13 +76,14 @@ QString Session::Parts::attach() {
 
 BrokerStream::Subscription Session::Parts::subscribe(const BrokerStream::State& state,
                                                      bool& isAnew) {
-  if (isAnew) return _stream->subscribeToLast();
-  const BrokerStream::Subscription rest = _stream->subscribeFrom(_lastSequence + 1);
+  if (isAnew) return _stream->subscribeToLast(++_lastSubscription);
+  const BrokerStream::Subscription rest =
+      _stream->subscribeFrom(++_lastSubscription, _lastSequence + 1);
   // Where the stream has forgotten some of what was missed, the rest of it gives no true picture.
   const bool hasGaps = rest.waiting < state.lastSequence - _lastSequence;
-  if (rest.number == 0 || !hasGaps) return rest;
+  if (!rest.exists || !hasGaps) return rest;
   isAnew = true;
-  return _stream->subscribeToLast();
+  return _stream->subscribeToLast(++_lastSubscription);
 }
 
 void Session::Parts::startAnew(const QByteArray& identity) {
@@ -92,8 +100,9 @@ void Session::Parts::noteProgress(const SessionDelivery& delivery) {
 
 void Session::Parts::caughtUp() {
   _isCatchingUp = false;
-  _patience = std::chrono::milliseconds(0);
   if (!_isJoinCompleted) {
+    // Of our own only the last of each target came.
+    _order.forgetSent();
     _isJoinCompleted = true;
     tell({SessionEvent::Kind::Joined});
     announce(PresenceNote::Kind::Here);
@@ -111,6 +120,7 @@ void Session::Parts::tellBack() {
 void Session::Parts::becomeAlone(const QString& reason) {
   if (!_isLinked) return;
   _isLinked = _isCatchingUp = _isEchoed = false;
+  _subscription = 0;
   _owesBack = true;
   kuLog::warning(
       "Session: the broker at %s is lost (%s); what is done now goes to the partners "
@@ -121,17 +131,40 @@ void Session::Parts::becomeAlone(const QString& reason) {
   tell(event);
 }
 
+/** The client gives up where it is refused twice, as with a password that does not hold just now.
+ */
+void Session::Parts::noteClosed() {
+  if (_isLinked) return becomeAlone(QStringLiteral("it has closed the connection"));
+  kuLog::warning("Session: the broker at %s refuses the connection now; it is asked again",
+                 _options.address().toUtf8().constData());
+}
+
 void Session::Parts::tryAgain() {
-  if (_isLinked || !_connection->isConnected() || Clock::now() < _nextAttempt) return;
-  if (attach().isEmpty()) return;
-  const auto longer = std::max(2 * _patience, _options.heartbeat);
-  _patience = std::min(longer, kLongestPatience);
+  if (_isLinked || Clock::now() < _nextAttempt) return;
+  const bool isOver = !_stream || _connection->isClosed();
+  if (!isOver && !(_isEchoed && _connection->isConnected())) return;
+  isOver ? connectAnew() : attach();
+  // Also where it went well: a link that breaks at once is made more and more seldom.
+  _patience = std::min(std::max(2 * _patience, _options.heartbeat), kLongestPatience);
   _nextAttempt = Clock::now() + _patience;
 }
 
-/** Subscribes anew where the application was busy for so long that the inbox could not hold all. */
-void Session::Parts::fetchDropped() {
-  if (!_isLinked || _inbox->firstMessage() || !_inbox->hasOverflown(_subscription)) return;
+QString Session::Parts::connectAnew() {
+  _stream.reset();
+  _connection.reset();
+  _connection = std::make_unique<BrokerConnection>(_options, _inbox);
+  const QString error = _connection->open();
+  if (!error.isEmpty()) return error;
+  _stream = std::make_unique<BrokerStream>(*_connection);
+  return attach();
+}
+
+/** Subscribes anew where something is missing: where the application was busy for so long that the
+ * inbox could not hold all, where a place was left out, where the broker delivers no more. */
+void Session::Parts::fetchMissing() {
+  if (!_isLinked || isHeld() || _isDelivering || CommandRun::isRunning()) return;
+  const bool hasOverflown = _inbox->hasOverflown(_subscription) && !_inbox->firstMessage();
+  if (!hasOverflown && !_isMissing && !_stream->isSilent()) return;
   const QString error = attach();
   if (!error.isEmpty()) becomeAlone(error);
 }
@@ -142,6 +175,7 @@ void Session::Parts::tick() {
   const Clock::time_point now = Clock::now();
   if (now >= _nextSign || !_isLinked) announce(PresenceNote::Kind::Here);
   _partners.forgetSilent(now);
+  if (_isLinked && now - _linkedSince > kLongestPatience) _patience = std::chrono::milliseconds(0);
 }
 
 void Session::Parts::announce(PresenceNote::Kind kind) {
@@ -153,11 +187,15 @@ void Session::Parts::announce(PresenceNote::Kind kind) {
   frame.senderName = _options.partner;
   frame.payload = writeNote({kind, !_isJoinCompleted, std::uint32_t(interval.count())});
   _connection->announce(writeFrame(frame));
+  _lastSign = Clock::now();
   // A little before the tick at which it is due.
-  _nextSign = Clock::now() + interval - interval / 4;
+  _nextSign = _lastSign + interval - interval / 4;
 }
 
 void Session::Parts::hear(const QByteArray& bytes) {
+  if (bytes.size() > kMostSignBytes) {
+    return _log.dropped(QString(), QStringLiteral("it is too long"));
+  }
   const SessionFrameReading reading = readFrame(bytes);
   const SessionFrame& frame = reading.frame;
   if (reading.status == SessionFrameReading::Status::Newer) return refuseNewer(reading);
@@ -174,7 +212,12 @@ void Session::Parts::hear(const QByteArray& bytes) {
   }
   _partners.heard({frame.sender, frame.senderName, kSessionVersion, note.isJoining}, note,
                   Clock::now());
-  if (note.kind == PresenceNote::Kind::Asks) announce(PresenceNote::Kind::Here);
+  if (note.kind == PresenceNote::Kind::Asks) answer();
+}
+
+void Session::Parts::answer() {
+  if (Clock::now() - _lastSign >= kShortestAnswer) return announce(PresenceNote::Kind::Here);
+  if (!_answer.isActive()) _answer.start(kShortestAnswer);
 }
 
 }  // namespace kuStandalone

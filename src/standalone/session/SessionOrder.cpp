@@ -1,6 +1,8 @@
 #include "standalone/session/SessionOrder.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace kuStandalone {
 
@@ -22,11 +24,12 @@ bool SessionOrder::isFirst(const QUuid& id) {
   return true;
 }
 
-bool SessionOrder::keep(const QUuid& id, const QByteArray& subject, const QByteArray& bytes,
-                        bool isSent) {
-  if (_kept.size() >= kMostKept || _keptBytes + bytes.size() > kMostKeptBytes) return false;
-  _kept.push_back({id, subject, bytes, isSent, _partnersRan});
-  _keptBytes += bytes.size();
+bool SessionOrder::keep(KeptFrame frame) {
+  const int bytes = frame.bytes.size();
+  if (_kept.size() >= kMostKept || _keptBytes + bytes > kMostKeptBytes) return false;
+  frame.placesBefore = _placesRun;
+  _kept.push_back(std::move(frame));
+  _keptBytes += bytes;
   return true;
 }
 
@@ -51,15 +54,26 @@ std::optional<KeptFrame> SessionOrder::take(const QUuid& id) {
   return taken;
 }
 
+void SessionOrder::forgetSent() {
+  std::vector<QUuid> sent;
+  for (const KeptFrame& frame : _kept) {
+    if (frame.isSent) sent.push_back(frame.id);
+  }
+  for (const QUuid& id : sent)
+    take(id);
+}
+
 void SessionOrder::drop(const QUuid& id) { take(id); }
 
-std::optional<bool> SessionOrder::runsAgain(const QUuid& id) {
-  const std::optional<KeptFrame> frame = take(id);
+std::optional<SessionOrder::Own> SessionOrder::takeOwn(const QUuid& id) {
+  const bool isNext = !_kept.empty() && _kept.front().id == id;
+  std::optional<KeptFrame> frame = take(id);
   if (!frame) return std::nullopt;
-  const bool again = frame->partnersBefore != _partnersRan;
-  // What ran alone behind it has its place behind it, and so has to run again as well.
-  if (again) ++_partnersRan;
-  return again;
+  const bool again = frame->placesBefore != _placesRun;
+  // What else is kept has its place behind it: if this runs again, or what stands in front here
+  // ran before it, so has that to run again.
+  if (again || !isNext) ++_placesRun;
+  return Own{again, std::move(frame->command)};
 }
 
 }  // namespace kuStandalone

@@ -11,6 +11,9 @@
 
 namespace kuStandalone {
 
+/** The longest sign of life: a frame with a name and hardly a payload. */
+constexpr int kMostSignBytes = 1024;
+
 /** What a sign of life says beside who sends it. */
 struct PresenceNote {
   enum class Kind : std::uint8_t { Here = 1, /** Who else is there? */ Asks = 2, Leaves = 3 };

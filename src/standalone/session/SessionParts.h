@@ -34,6 +34,7 @@ class Session::Parts {
 
   void push(const kuSessionCommand& command);
   void pushScript(const QByteArray& text);
+  std::uint64_t pushed() const { return _pushed; }
 
   bool isLinked() const { return _isLinked; }
   bool isJoinCompleted() const { return _isJoinCompleted; }
@@ -45,14 +46,6 @@ class Session::Parts {
  private:
   using Clock = std::chrono::steady_clock;
 
-  /** A command of our own that push waits for. */
-  struct Awaited {
-    QUuid id;
-    kuSessionCommand* command;
-    bool hasRun = false;
-  };
-
-  // SessionPush
   /** What goes out for a command or script, and where to. */
   struct Outgoing {
     SessionFrame frame;
@@ -61,16 +54,42 @@ class Session::Parts {
     /** By which the broker knows it again. */
     QByteArray messageId() const;
   };
+
+  /** A command of our own that push waits for. */
+  struct Awaited {
+    const Outgoing& out;
+    kuSessionCommand& command;
+    bool hasRun = false;
+    bool isRefused = false;
+  };
+
+  /** Somebody waits as long as this lives. */
+  class Waiting {
+   public:
+    Waiting(Awaited*& place, Awaited& awaited) : _place(place) { _place = &awaited; }
+    ~Waiting() { _place = nullptr; }
+    Waiting(const Waiting&) = delete;
+    Waiting& operator=(const Waiting&) = delete;
+
+   private:
+    Awaited*& _place;
+  };
+
+  // SessionPush
   Outgoing outgoing(SessionFrame::Kind kind, const QString& type, const QByteArray& payload) const;
   bool isTooLong(const Outgoing& out) const;
   /** Whether a message may go out now and finds its place behind all that was kept. */
   bool mayPublish() const;
-  Publication publish(const Outgoing& out);
-  void awaitOwn(kuSessionCommand& command, const Outgoing& out);
+  Publication publish(const QByteArray& subject, const QByteArray& bytes, const QByteArray& id);
+  void awaitOwn(Awaited& awaited);
+  bool awaitPlace(Awaited& awaited);
+  bool askForPlace(Awaited& awaited, bool isStored);
   /** False if nothing came for as long as the options say. */
   bool waitForMore();
   void runAlone(kuSessionCommand& command, const Outgoing& out, bool isSent);
-  void keep(const Outgoing& out, bool isSent);
+  void keep(const Outgoing& out, bool isSent, std::shared_ptr<kuSessionCommand> command);
+  bool isDenied(const QByteArray& subject) const;
+  static void tellRefused(const QByteArray& subject);
   void sendKept();
   void sendOneKept(KeptFrame& frame);
 
@@ -81,10 +100,14 @@ class Session::Parts {
   void deliver();
   bool deliverFirst(const SessionDelivery& delivery);
   bool isPassed(const SessionDelivery& delivery) const;
+  bool isBehindGap(const SessionDelivery& delivery);
+  void deliverReading(const SessionFrameReading& reading, std::uint64_t sequence);
   void deliverFrame(const SessionFrame& frame, std::uint64_t sequence);
   void deliverCommand(const SessionFrame& frame, std::uint64_t sequence);
   bool deliverOwn(const SessionFrame& frame, std::uint64_t sequence);
+  static void runGuarded(kuSessionCommand& command, const SessionFrame& frame);
   void deliverScript(const SessionFrame& frame, std::uint64_t sequence);
+  void deliverOwnScript(const SessionFrame& frame);
   bool mayRunWhileBusy(const SessionFrameReading& reading) const;
   void refuseNewer(const SessionFrameReading& reading);
   void tellRun(const SessionFrame& frame, std::uint64_t sequence);
@@ -95,14 +118,17 @@ class Session::Parts {
   BrokerStream::Subscription subscribe(const BrokerStream::State& state, bool& isAnew);
   void startAnew(const QByteArray& identity);
   void becomeAlone(const QString& reason);
+  void noteClosed();
   void tryAgain();
-  void fetchDropped();
+  QString connectAnew();
+  void fetchMissing();
   void noteProgress(const SessionDelivery& delivery);
   void caughtUp();
   void tellBack();
   void tick();
   void announce(PresenceNote::Kind kind);
   void hear(const QByteArray& bytes);
+  void answer();
 
   void tell(SessionEvent event) const;
 
@@ -119,7 +145,13 @@ class Session::Parts {
 
   /** The place of the last message that was looked at. */
   std::uint64_t _lastSequence = 0;
+  /** Messages of the last per subject that are still to come: there are gaps between these. */
+  std::uint64_t _leftOfPast = 0;
+  bool _isMissing = false;
   Awaited* _awaited = nullptr;
+  std::uint64_t _pushed = 0;
+  /** What the broker said about the last message that it did not take for want of rights. */
+  QByteArray _denial;
   Clock::time_point _lastRun;
   bool _isDelivering = false;
 
@@ -132,11 +164,12 @@ class Session::Parts {
   /** Whether the broker has answered since it was lost. */
   bool _isEchoed = false;
   QByteArray _identity;
-  unsigned _subscription = 0;
-  Clock::time_point _nextSign, _nextAttempt;
+  /** The present one; 0 while there is none. */
+  unsigned _subscription = 0, _lastSubscription = 0;
+  Clock::time_point _lastSign, _nextSign, _nextAttempt, _linkedSince;
   std::chrono::milliseconds _patience{0};
 
-  QTimer _ticker, _again;
+  QTimer _ticker, _again, _next, _answer;
   // The last ones go first: nothing arrives any more when the rest goes.
   std::shared_ptr<SessionInbox> _inbox;
   std::unique_ptr<BrokerConnection> _connection;

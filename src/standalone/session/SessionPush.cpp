@@ -8,11 +8,11 @@ namespace {
 /** Sent in one go; the event loop has its turn in between. */
 constexpr int kSentAtOnce = 50;
 
+QByteArray messageIdOf(const QUuid& id) { return id.toByteArray(QUuid::WithoutBraces); }
+
 }  // namespace
 
-QByteArray Session::Parts::Outgoing::messageId() const {
-  return frame.id.toByteArray(QUuid::WithoutBraces);
-}
+QByteArray Session::Parts::Outgoing::messageId() const { return messageIdOf(frame.id); }
 
 Session::Parts::Outgoing Session::Parts::outgoing(SessionFrame::Kind kind, const QString& type,
                                                   const QByteArray& payload) const {
@@ -36,12 +36,13 @@ bool Session::Parts::isTooLong(const Outgoing& out) const {
 }
 
 bool Session::Parts::mayPublish() const {
-  return _isLinked && !_isDelivering && !isHeld() && _order.unsent() == 0;
+  return _isLinked && !_isDelivering && !_awaited && !isHeld() && _order.unsent() == 0;
 }
 
 void Session::Parts::push(const kuSessionCommand& pushed) {
   // Whoever pushes made the command for this call, so that it runs.
   auto& command = const_cast<kuSessionCommand&>(pushed);
+  ++_pushed;
   const unsigned type = command.getType();
   const QString name = QString::fromStdString(kuSessionCommandFactory::the().nameOf(type));
   if (CommandRun::isRunning() || name.isEmpty() || _blocked.count(type))
@@ -54,39 +55,74 @@ void Session::Parts::push(const kuSessionCommand& pushed) {
     becomeAlone(QStringLiteral("it takes nothing"));
     return runAlone(command, out, false);
   }
-  awaitOwn(command, out);
+  Awaited awaited{out, command};
+  awaitOwn(awaited);
 }
 
-Publication Session::Parts::publish(const Outgoing& out) {
-  const Publication answer = _stream->publish(out.subject, out.bytes, out.messageId());
-  if (answer == Publication::Unknown) becomeAlone(QStringLiteral("it does not answer"));
-  if (answer == Publication::Refused) {
-    kuLog::error("Session: the broker refuses %s", out.subject.constData());
+Publication Session::Parts::publish(const QByteArray& subject, const QByteArray& bytes,
+                                    const QByteArray& id) {
+  Publication answer = _stream->publish(subject, bytes, id);
+  if (answer == Publication::Stored) _patience = std::chrono::milliseconds(0);
+  if (answer == Publication::Unknown) {
+    takeNews();
+    if (isDenied(subject)) answer = Publication::Refused;
   }
+  if (answer == Publication::Unknown) becomeAlone(QStringLiteral("it does not answer"));
+  if (answer == Publication::Refused) tellRefused(subject);
   return answer;
 }
 
-/** That a command comes back says that the stream has it. Where it does not come back in time the
- * stream is asked. */
-void Session::Parts::awaitOwn(kuSessionCommand& command, const Outgoing& out) {
-  Awaited awaited{out.frame.id, &command};
-  _awaited = &awaited;
-  _lastRun = Clock::now();
-  Publication answer = Publication::Unknown;
-  while (_isLinked && !awaited.hasRun && answer != Publication::Refused) {
-    if (!waitForMore()) {
-      const bool wasStored = answer == Publication::Stored;
-      if (!wasStored) answer = publish(out);
-      if (wasStored) becomeAlone(QStringLiteral("it delivers nothing"));
-      _lastRun = Clock::now();
-    }
-    takeNews();
-    deliver();
-  }
-  _awaited = nullptr;
-  if (!awaited.hasRun && answer == Publication::Refused) return CommandRun::run(command);
-  if (!awaited.hasRun) runAlone(command, out, answer == Publication::Stored);
+/** The broker's text names the subject in quotation marks; the client cuts a long one. */
+bool Session::Parts::isDenied(const QByteArray& subject) const {
+  const int begin = _denial.indexOf('"') + 1;
+  if (begin == 0 || !_denial.contains("Publish")) return false;
+  const int end = _denial.indexOf('"', begin);
+  return end < 0 ? subject.startsWith(_denial.mid(begin))
+                 : subject == _denial.mid(begin, end - begin);
+}
+
+void Session::Parts::tellRefused(const QByteArray& subject) {
+  kuLog::error("Session: the broker refuses %s; the partners will not see this",
+               subject.constData());
+}
+
+void Session::Parts::awaitOwn(Awaited& awaited) {
+  const bool isStored = awaitPlace(awaited);
+  if (awaited.isRefused) return CommandRun::run(awaited.command);
+  if (!awaited.hasRun) runAlone(awaited.command, awaited.out, isStored);
   _again.start();
+}
+
+/** That a command comes back says that the stream has it. Where it does not come back in time the
+ * stream is asked; answers whether it said that it has it. */
+bool Session::Parts::awaitPlace(Awaited& awaited) {
+  const Waiting waiting(_awaited, awaited);
+  bool isStored = false;
+  _lastRun = Clock::now();
+  while (_isLinked && !isHeld() && !awaited.hasRun && !awaited.isRefused) {
+    if (!waitForMore()) isStored = askForPlace(awaited, isStored);
+    takeNews();
+    if (isDenied(awaited.out.subject)) {
+      awaited.isRefused = true;
+      tellRefused(awaited.out.subject);
+      break;
+    }
+    deliver();
+    fetchMissing();
+  }
+  return isStored;
+}
+
+bool Session::Parts::askForPlace(Awaited& awaited, bool isStored) {
+  if (isStored) {
+    becomeAlone(QStringLiteral("it delivers nothing"));
+    return true;
+  }
+  const Outgoing& out = awaited.out;
+  const Publication answer = publish(out.subject, out.bytes, out.messageId());
+  awaited.isRefused = answer == Publication::Refused;
+  _lastRun = Clock::now();
+  return answer == Publication::Stored;
 }
 
 bool Session::Parts::waitForMore() {
@@ -96,48 +132,44 @@ bool Session::Parts::waitForMore() {
 }
 
 void Session::Parts::runAlone(kuSessionCommand& command, const Outgoing& out, bool isSent) {
+  // Kept before it runs, since that may end with an exception.
+  keep(out, isSent, kuSessionCommandFactory::the().copyOf(command));
   if (command.runsAtSender()) CommandRun::run(command);
-  keep(out, isSent);
   tellRun(out.frame, 0);
 }
 
-void Session::Parts::keep(const Outgoing& out, bool isSent) {
-  if (!_order.keep(out.frame.id, out.subject, out.bytes, isSent)) {
+void Session::Parts::keep(const Outgoing& out, bool isSent,
+                          std::shared_ptr<kuSessionCommand> command) {
+  if (!_order.keep({out.frame.id, out.subject, out.bytes, std::move(command), isSent})) {
     kuLog::error("Session: too much is kept for the broker; the partners will not see this");
   }
   if (_isLinked) _again.start();
 }
 
+/** It goes the way of a command that ran alone: it has run. */
 void Session::Parts::pushScript(const QByteArray& text) {
   Outgoing out = outgoing(SessionFrame::Kind::Script, QString(), text);
   out.subject = _subject.script();
   if (isTooLong(out)) return;
-  if (!mayPublish()) return keep(out, false);
-  if (publish(out) == Publication::Unknown) keep(out, false);
+  keep(out, false, nullptr);
+  sendKept();
 }
 
 void Session::Parts::sendKept() {
   for (int sent = 0; sent < kSentAtOnce; ++sent) {
     KeptFrame* frame = _order.firstUnsent();
-    if (!frame || !_isLinked || _isCatchingUp || isHeld() || CommandRun::isRunning()) break;
+    if (!frame || !_isLinked || _isCatchingUp || isHeld()) break;
+    if (CommandRun::isRunning() || _isDelivering || _awaited) break;
     sendOneKept(*frame);
   }
   if (_order.unsent() > 0 && _isLinked) _again.start();
 }
 
 void Session::Parts::sendOneKept(KeptFrame& frame) {
-  const QByteArray id = frame.id.toByteArray(QUuid::WithoutBraces);
-  switch (_stream->publish(frame.subject, frame.bytes, id)) {
-    case Publication::Stored:
-      frame.isSent = true;
-      break;
-    case Publication::Unknown:
-      becomeAlone(QStringLiteral("it does not answer"));
-      break;
-    case Publication::Refused:
-      _order.drop(frame.id);
-      break;
-  }
+  // What happens meanwhile may keep more, and take nothing away.
+  const Publication answer = publish(frame.subject, frame.bytes, messageIdOf(frame.id));
+  if (answer == Publication::Stored) frame.isSent = true;
+  if (answer == Publication::Refused) _order.drop(frame.id);
 }
 
 }  // namespace kuStandalone

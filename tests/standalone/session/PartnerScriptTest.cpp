@@ -1,12 +1,18 @@
 // Script texts for partners.
 
+#include <QThread>
+
 #include "SessionTest.h"
+#include "host/kernel/kuController.h"
 #include "host/script/kuScript.h"
+#include "manager/kuVariants.h"
 #include "script/HostileTexts.h"
 #include "standalone/kernel/HostState.h"
 #include "standalone/script/ClippingSettings.h"
 #include "standalone/script/PartnerCommands.h"
 #include "standalone/script/ScriptPolicy.h"
+#include "standalone/session/SessionSubject.h"
+#include "support/BrokerAdministrator.h"
 
 using namespace kuStandalone;
 
@@ -41,6 +47,30 @@ TEST_F(PartnerScriptTest, ASynchronousCommandRunsHereAndGoesToThePartners) {
   ben.waitFor("ran Script of Ada");
   let(100);
   EXPECT_EQ(events.filter("Script"), QStringList());
+}
+
+// The broker has Ben's first; here it came while nobody looked.
+TEST_F(PartnerScriptTest, ASynchronousCommandRunsAgainBehindAPartnersThatHasItsPlaceInFront) {
+  join();
+  PartnerProcess ben(broker.url(), "review", "Ben");
+  ben.waitFor("joined");
+  ben.send("script setClippingHideScene(True)");
+  ben.waitAlone("done script");
+  QThread::msleep(300);
+  kuScript::executeNUS("setClippingHideScene(False)", true);
+  waitFor("ran Script of Ben");
+  waitUntil([] { return !ClippingSettings::the().hideScene; });
+}
+
+TEST_F(PartnerScriptTest, ASelectionByASynchronousCommandGoesToThePartnersOnce) {
+  join();
+  kuVariants::createVariantSet("Look", false, nullptr);
+  BrokerAdministrator administrator(broker.url());
+  kuScript::executeNUS("selectVariantSet('Look')", true);
+  let(300);
+  EXPECT_EQ(administrator.messages(SessionSubject("review").stream()), 1);
+  EXPECT_EQ(events.filter("ran"), QStringList{"ran SelectVariantSet own"});
+  kuController::call("clearAllVariants", 1);
 }
 
 TEST_F(PartnerScriptTest, OneThatIsNotSynchronousStaysHere) {

@@ -87,7 +87,17 @@ TEST(SessionInboxTest, SignsOfLifeAreBoundedAndNothingElseIsLost) {
   for (int count = 0; count < 30'000; ++count)
     inbox.put(news(SessionDelivery::Kind::Presence));
   inbox.put(news(SessionDelivery::Kind::Lost));
-  EXPECT_EQ(inbox.takeNews().size(), 20'001u);
+  EXPECT_EQ(inbox.takeNews(30'000).size(), 20'001u);
+}
+
+TEST(SessionInboxTest, NoMoreNewsAreTakenInOneGoThanAreAskedFor) {
+  SessionInbox inbox({});
+  inbox.put(news(SessionDelivery::Kind::Lost));
+  inbox.put(news(SessionDelivery::Kind::Back));
+  ASSERT_EQ(inbox.takeNews(1).size(), 1u);
+  EXPECT_TRUE(inbox.hasNews());
+  EXPECT_EQ(inbox.takeNews(1).front().kind, SessionDelivery::Kind::Back);
+  EXPECT_FALSE(inbox.hasNews());
 }
 
 TEST(SessionInboxTest, WakesOnceForAllThatHasCome) {

@@ -4,6 +4,20 @@
 
 using namespace kuStandalone;
 
+namespace {
+
+bool keep(SessionOrder& order, const QUuid& id, const QByteArray& bytes, bool isSent) {
+  return order.keep({id, "s", bytes, nullptr, isSent});
+}
+
+/** Whether one of our own runs again; none if it is not among what was kept. */
+std::optional<bool> runsAgain(SessionOrder& order, const QUuid& id) {
+  const std::optional<SessionOrder::Own> own = order.takeOwn(id);
+  return own ? std::make_optional(own->runsAgain) : std::nullopt;
+}
+
+}  // namespace
+
 TEST(SessionOrderTest, AnIdIsTheFirstOnce) {
   SessionOrder order;
   const QUuid id = QUuid::createUuid();
@@ -26,8 +40,8 @@ TEST(SessionOrderTest, TheLastHundredThousandIdsAreRemembered) {
 TEST(SessionOrderTest, WhatWasKeptIsSentInItsOrder) {
   SessionOrder order;
   const QUuid one = QUuid::createUuid(), two = QUuid::createUuid();
-  order.keep(one, "s", "1", false);
-  order.keep(two, "s", "2", false);
+  keep(order, one, "1", false);
+  keep(order, two, "2", false);
   EXPECT_EQ(order.unsent(), 2u);
   ASSERT_TRUE(order.firstUnsent());
   EXPECT_EQ(order.firstUnsent()->bytes, "1");
@@ -41,43 +55,64 @@ TEST(SessionOrderTest, WhatWasKeptIsSentInItsOrder) {
 TEST(SessionOrderTest, WithNothingInBetweenWhatRanAloneDoesNotRunAgain) {
   SessionOrder order;
   const QUuid one = QUuid::createUuid(), two = QUuid::createUuid();
-  order.partnerRan();
-  order.keep(one, "s", "1", true);
-  order.keep(two, "s", "2", true);
-  EXPECT_EQ(order.runsAgain(one), false);
-  EXPECT_EQ(order.runsAgain(two), false);
+  order.hasRun();
+  keep(order, one, "1", true);
+  keep(order, two, "2", true);
+  EXPECT_EQ(runsAgain(order, one), false);
+  EXPECT_EQ(runsAgain(order, two), false);
 }
 
 TEST(SessionOrderTest, WhatRanAloneRunsAgainOnceWhereAPartnerCameBehindIt) {
   SessionOrder order;
   const QUuid one = QUuid::createUuid();
-  order.keep(one, "s", "1", true);
-  order.partnerRan();
-  EXPECT_EQ(order.runsAgain(one), true);
-  EXPECT_EQ(order.runsAgain(one), std::nullopt);
+  keep(order, one, "1", true);
+  order.hasRun();
+  EXPECT_EQ(runsAgain(order, one), true);
+  EXPECT_EQ(runsAgain(order, one), std::nullopt);
 }
 
 // The broker's order is partner, one, two. Without this it would be partner, two, one here.
 TEST(SessionOrderTest, WhatRunsAgainMakesAllBehindItRunAgain) {
   SessionOrder order;
   const QUuid one = QUuid::createUuid(), two = QUuid::createUuid();
-  order.keep(one, "s", "1", true);
-  order.partnerRan();
-  order.keep(two, "s", "2", true);
-  EXPECT_EQ(order.runsAgain(one), true);
-  EXPECT_EQ(order.runsAgain(two), true);
+  keep(order, one, "1", true);
+  order.hasRun();
+  keep(order, two, "2", true);
+  EXPECT_EQ(runsAgain(order, one), true);
+  EXPECT_EQ(runsAgain(order, two), true);
+}
+
+// One ran first here, and two has its place first: without this it would be two, one elsewhere and
+// one, two here.
+TEST(SessionOrderTest, WhatComesOutOfTurnMakesTheOthersRunAgain) {
+  SessionOrder order;
+  const QUuid one = QUuid::createUuid(), two = QUuid::createUuid();
+  keep(order, one, "1", false);
+  keep(order, two, "2", true);
+  EXPECT_EQ(runsAgain(order, two), false);
+  EXPECT_EQ(runsAgain(order, one), true);
+}
+
+TEST(SessionOrderTest, WhatTheBrokerHasIsForgottenWithoutWhatItDoesNotHave) {
+  SessionOrder order;
+  const QUuid one = QUuid::createUuid(), two = QUuid::createUuid();
+  keep(order, one, "1", true);
+  keep(order, two, "2", false);
+  order.forgetSent();
+  EXPECT_EQ(runsAgain(order, one), std::nullopt);
+  EXPECT_EQ(runsAgain(order, two), false);
 }
 
 TEST(SessionOrderTest, WhatDidNotRunAloneIsNotAmongIt) {
   SessionOrder order;
-  EXPECT_EQ(order.runsAgain(QUuid::createUuid()), std::nullopt);
+  EXPECT_EQ(runsAgain(order, QUuid::createUuid()), std::nullopt);
 }
 
 TEST(SessionOrderTest, NoMoreIsKeptThanCanBe) {
   SessionOrder order;
   for (int count = 0; count < 10'000; ++count)
-    ASSERT_TRUE(order.keep(QUuid::createUuid(), "s", "x", false));
-  EXPECT_FALSE(order.keep(QUuid::createUuid(), "s", "x", false));
+    ASSERT_TRUE(keep(order, QUuid::createUuid(), "x", false));
+  EXPECT_FALSE(keep(order, QUuid::createUuid(), "x", false));
   EXPECT_EQ(order.unsent(), 10'000u);
 }
 
@@ -86,8 +121,8 @@ TEST(SessionOrderTest, NoMoreBytesAreKeptThanCanBe) {
   const QByteArray megabyte(1 << 20, 'x');
   QUuid id;
   for (int count = 0; count < 64; ++count)
-    ASSERT_TRUE(order.keep(id = QUuid::createUuid(), "s", megabyte, false));
-  EXPECT_FALSE(order.keep(QUuid::createUuid(), "s", "x", false));
+    ASSERT_TRUE(keep(order, id = QUuid::createUuid(), megabyte, false));
+  EXPECT_FALSE(keep(order, QUuid::createUuid(), "x", false));
   order.drop(id);
-  EXPECT_TRUE(order.keep(QUuid::createUuid(), "s", "x", false));
+  EXPECT_TRUE(keep(order, QUuid::createUuid(), "x", false));
 }

@@ -11,6 +11,7 @@
 #include <atomic>
 #include <thread>
 
+#include "host/script/kuScript.h"
 #include "host/session/kuSession.h"
 #include "standalone/script/PartnerCommands.h"
 #include "standalone/script/ScriptPolicy.h"
@@ -31,6 +32,11 @@ std::string kuStandalone::ScriptPolicy::presentSet() { return ""; }
 std::string kuStandalone::runPartnerCommands(const QByteArray&) {
   ADD_FAILURE() << "a script has come";
   return "";
+}
+
+bool kuScript::run(const char*) {
+  ADD_FAILURE() << "a script has come";
+  return false;
 }
 
 namespace {

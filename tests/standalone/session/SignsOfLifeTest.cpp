@@ -6,6 +6,7 @@
 #include "standalone/session/SessionFrame.h"
 #include "standalone/session/SessionPartners.h"
 #include "standalone/session/SessionSubject.h"
+#include "support/Stranger.h"
 
 using namespace kuStandalone;
 
@@ -74,6 +75,23 @@ TEST_F(SignsOfLifeTest, WhoJoinsAsksWhoIsThereAndTellsWhenItHasJoinedAndWhenItLe
   EXPECT_EQ(listener.heard(), (QStringList{"Ada asks (joining)", "Ada here"}));
   leave();
   EXPECT_EQ(listener.heard(), QStringList{"Ada leaves"});
+}
+
+TEST_F(SignsOfLifeTest, ManyWhoAskAreAnsweredTogether) {
+  join(seldom());
+  let(300);
+  Listener listener(broker.url());
+  {
+    SessionFrame asking = frameOf(QString(), writeNote({PresenceNote::Kind::Asks, true, 1000}));
+    asking.kind = SessionFrame::Kind::Presence;
+    Stranger stranger(broker.url());
+    for (int number = 0; number < 20; ++number)
+      stranger.send(SessionSubject("review").presence(), writeFrame(asking));
+  }
+  let(500);
+  const QStringList answers = listener.heard().filter("Ada here");
+  EXPECT_GE(answers.size(), 1);
+  EXPECT_LE(answers.size(), 3);
 }
 
 TEST_F(SignsOfLifeTest, WhoIsAskedAnswersAtOnce) {
