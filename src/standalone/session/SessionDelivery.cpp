@@ -85,7 +85,7 @@ void Session::Parts::deliver() {
 /** What came by a subscription of before comes again by the present one, and what comes while the
  * broker counts as lost by the next one: until then the stream may be another one. */
 bool Session::Parts::isPassed(const SessionDelivery& delivery) const {
-  return !_isLinked || delivery.subscription != _subscription || delivery.sequence <= _lastSequence;
+  return delivery.subscription != _subscription || delivery.sequence <= _lastSequence;
 }
 
 bool Session::Parts::deliverFirst(const SessionDelivery& delivery) {
