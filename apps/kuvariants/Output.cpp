@@ -24,6 +24,9 @@ bool waitUntilWritable(int descriptor) {
   return poll(&ready, 1, -1) > 0 || errno == EINTR;
 }
 
+bool givenBack = false;
+bool isThere = false;
+
 }  // namespace
 
 int writeAll(int descriptor, const std::string& bytes) {
@@ -48,7 +51,17 @@ Output::~Output() {
   if (_descriptor >= 0) close(_descriptor);
 }
 
-bool Output::giveBack() { return _descriptor >= 0 && dup2(_descriptor, STDOUT_FILENO) >= 0; }
+bool Output::giveBack() {
+  givenBack = true;
+  isThere = _descriptor >= 0 && dup2(_descriptor, STDOUT_FILENO) >= 0;
+  return isThere;
+}
+
+bool Output::isGivenBack() { return givenBack; }
+
+int Output::writeGivenBack(const std::string& bytes) {
+  return isThere ? writeAll(STDOUT_FILENO, bytes) : EBADF;
+}
 
 bool Output::isTerminal() const { return isatty(_descriptor) == 1; }
 

@@ -21,6 +21,10 @@ class Output {
    * false where there is none.
    */
   bool giveBack();
+  /** Whether that was done, be there one or not. */
+  static bool isGivenBack();
+  /** Writes to what was given back. Answers 0, or the error's number. */
+  static int writeGivenBack(const std::string& bytes);
 
   /** Whether people read it. */
   bool isTerminal() const;

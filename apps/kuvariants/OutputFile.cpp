@@ -36,7 +36,6 @@ bool writeWhole(QSaveFile& file, const std::string& content) {
   return file.flush();
 }
 
-/** By now it leads to standard error (see Output), and what stands behind that is not ours. */
 bool isStandardOutput(const std::string& path) {
   return path == "/dev/stdout" || path == "/dev/fd/1" || path == "/proc/self/fd/1";
 }
@@ -57,7 +56,10 @@ void OutputFile::check(const std::string& path) {
 }
 
 void OutputFile::prepare(const std::string& content) {
-  if (isStandardOutput(_path)) fail("standard output has the result alone");
+  if (isStandardOutput(_path)) {
+    writeToStandardOutput(content);
+    return;
+  }
   if (isSpecial(_path)) {
     if (const int error = writeDirectly(_path, content)) fail(std::strerror(error), error);
     return;
@@ -66,6 +68,12 @@ void OutputFile::prepare(const std::string& content) {
   if (!_file->open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeWhole(*_file, content)) {
     failAsFile();
   }
+}
+
+void OutputFile::writeToStandardOutput(const std::string& content) const {
+  // Before it is given back it leads to standard error, and what stands behind that is not ours.
+  if (!Output::isGivenBack()) fail("standard output has the result alone");
+  if (const int error = Output::writeGivenBack(content)) fail(std::strerror(error), error);
 }
 
 void OutputFile::put() {

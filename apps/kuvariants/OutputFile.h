@@ -26,6 +26,7 @@ class OutputFile {
   static bool isSpecial(const std::string& path);
 
  private:
+  void writeToStandardOutput(const std::string& content) const;
   /** @param systemError the number of the system's error, 0 for another reason. */
   [[noreturn]] void fail(const std::string& reason, int systemError = 0) const;
   /** With what the file has just told of. */

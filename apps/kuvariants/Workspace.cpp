@@ -48,8 +48,7 @@ QByteArray readWhole(const std::string& path) {
   };
   QFile file(QFile::decodeName(path.c_str()));
   if (!file.open(QIODevice::ReadOnly)) fail(file.errorString());
-  constexpr qint64 most = std::numeric_limits<int>::max() / 2;
-  if (file.size() > most) fail(QStringLiteral("larger than 1 GiB"));
+  Workspace::checkDocumentSize(file.size(), path);
   const QByteArray text = file.readAll();
   if (file.error() != QFileDevice::NoError) fail(file.errorString());
   return text;
@@ -130,6 +129,11 @@ void Workspace::readDocument(const QByteArray& text, const std::string& path) {
   kuVariantReader().read(text.constData());
   if (_readError.empty()) return;
   throw Failure{ExitCode::InputNotValid, "cannot read document", path, _readError};
+}
+
+void Workspace::checkDocumentSize(qint64 bytes, const std::string& path) {
+  if (bytes <= std::numeric_limits<int>::max() / 2) return;
+  throw Failure{ExitCode::InputNotValid, "cannot read document", path, "larger than 1 GiB"};
 }
 
 Workspace& Workspace::present() { return *living; }

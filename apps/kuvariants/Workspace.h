@@ -34,6 +34,9 @@ class Workspace {
   /** The same for a document's text. @param path where it came from, for the Failure. */
   void readDocument(const QByteArray& text, const std::string& path);
 
+  /** Throws a Failure where a document is too large to be read. */
+  static void checkDocumentSize(qint64 bytes, const std::string& path);
+
   // A file each, written whole or not at all; a Failure where that cannot be done.
   void writeDocument(const std::string& path);
   void writeScene(const std::string& path);

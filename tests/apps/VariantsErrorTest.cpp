@@ -116,6 +116,8 @@ const ErrorRow errors[] = {
      "FileNotFoundError: [Errno 2] No such file or directory: 'no.xml'"},
     {"FolderForADocument", "variants.read_document('.')",
      "IsADirectoryError: [Errno 21] Is a directory: '.'"},
+    {"HugeDocument", "open('huge', 'wb').truncate(2**30); variants.read_document('huge')",
+     "ValueError: cannot read document: huge: larger than 1 GiB"},
     {"SceneInNoFolder", "variants.save_scene('no/x.glb')",
      "FileNotFoundError: [Errno 2] No such file or directory: 'no/x.glb'"},
     {"SceneOverAFolder", "variants.save_scene('.')",

@@ -6,17 +6,28 @@
 #include "PictureOptions.h"
 #include "Workspace.h"
 #include "host/kernel/kuController.h"
+#include "standalone/script/ScriptInterpreter.h"
 
 namespace bp = boost::python;
 
 namespace ScriptFiles {
 
 void readDocument(const bp::object& content, const std::string& path) {
-  const QByteArray text(PyBytes_AsString(content.ptr()), int(PyBytes_Size(content.ptr())));
+  const Py_ssize_t size = PyBytes_Size(content.ptr());
+  Workspace::checkDocumentSize(size, path);
+  const QByteArray text(PyBytes_AsString(content.ptr()), int(size));
   Workspace::present().readDocument(text, path);
 }
 
-void writeDocument(const std::string& path) { Workspace::present().writeDocument(path); }
+void checkDocumentSize(long long bytes, const std::string& path) {
+  Workspace::checkDocumentSize(bytes, path);
+}
+
+void writeDocument(const std::string& path) {
+  // In its order, should it go to standard output.
+  kuStandalone::ScriptInterpreter::flush();
+  Workspace::present().writeDocument(path);
+}
 
 void saveScene(const std::string& path) { Workspace::present().writeScene(path); }
 
@@ -26,6 +37,7 @@ void render(const std::string& path, int width, int height, int samples) {
   settings.width = width;
   settings.height = height;
   settings.samples = samples;
+  kuStandalone::ScriptInterpreter::flush();
   Workspace::present().writePicture(path, settings);
 }
 

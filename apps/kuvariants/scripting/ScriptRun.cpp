@@ -31,10 +31,11 @@ bp::list argumentsOf(const UserScript& script) {
 
 bool isPrompt(const UserScript& script) { return script.file.empty(); }
 
-/** The functions of run.py, in a namespace of their own. */
+/** The functions of run.py, in a namespace of their own. What a script makes of Python's own
+ * functions is no concern of theirs. */
 bp::dict runFunctions() {
   bp::dict functions;
-  functions["__builtins__"] = bp::import("builtins");
+  functions["__builtins__"] = bp::import("builtins").attr("__dict__").attr("copy")();
   const bp::object code(bp::handle<>(Py_CompileString(runText, "<run>", Py_file_input)));
   const bp::object done(
       bp::handle<>(PyEval_EvalCode(code.ptr(), functions.ptr(), functions.ptr())));

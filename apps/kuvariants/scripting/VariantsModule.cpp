@@ -51,6 +51,7 @@ void defineVariants() {
 }
 
 void defineFiles() {
+  bp::def("check_document_size", ScriptFiles::checkDocumentSize);
   bp::def("read_document", ScriptFiles::readDocument);
   bp::def("write_document", ScriptFiles::writeDocument);
   bp::def("clear", ScriptFiles::clear);

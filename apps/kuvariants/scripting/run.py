@@ -82,8 +82,25 @@ def code_of(end):
         return 0
     if isinstance(end.code, int):
         return end.code & 0xFF if -(2**63) <= end.code < 2**63 else 0xFF
-    print(end.code, file=sys.stderr)
+    tell_text(end.code)
     return 1
+
+
+def tell_text(value):
+    """Brings it to standard error, also where the script left no stream in its place that works."""
+    for stream in getattr(sys, "stderr", None), getattr(sys, "__stderr__", None):
+        try:
+            stream.write(f"{value!s}\n")
+            return
+        except BaseException:
+            pass  # Nor does Python tell what has no text.
+
+
+def tell_trace():
+    try:
+        tell_text(traceback.format_exc().rstrip("\n"))
+    except BaseException:
+        pass
 
 
 def tell(error):
@@ -94,7 +111,7 @@ def tell(error):
     try:
         sys.excepthook(type(error), error.with_traceback(trace), trace)
     except BaseException:
-        traceback.print_exc()
+        tell_trace()
 
 
 def guarded(work):
@@ -144,10 +161,26 @@ def flush_files():
     """Files that a script left open keep what it wrote, as with Python."""
     for kind in io.TextIOWrapper, io.BufferedWriter, io.BufferedRandom:
         for file in [one for one in gc.get_objects() if issubclass(type(one), kind)]:
-            try:
-                file.flush()
-            except (OSError, ValueError):
-                pass  # Closed; or full, which Python does not tell either.
+            if len(sys._current_frames()) > 1:
+                flush_beside(file)
+            else:
+                flush_file(file)
+
+
+def flush_file(file):
+    try:
+        file.flush()
+    except KeyboardInterrupt:
+        raise
+    except BaseException:
+        pass  # Closed; or full, which Python does not tell either.
+
+
+def flush_beside(file):
+    """A daemon may be writing to it, and keep everybody else from it until a pipe is read."""
+    flushing = threading.Thread(target=flush_file, args=(file,), daemon=True)
+    flushing.start()
+    flushing.join(1)
 
 
 def finish():
@@ -171,12 +204,26 @@ def is_open(stream):
         return False  # What is below it was taken away.
 
 
+def reason_of(error):
+    try:
+        return str(getattr(error, "strerror", None) or error) or type(error).__name__
+    except BaseException:
+        return type(error).__name__
+
+
+def flush_fault(stream):
+    """Why a stream could not take everything, or None."""
+    try:
+        if is_open(stream):
+            stream.flush()
+    except KeyboardInterrupt:
+        raise
+    except BaseException as error:
+        return reason_of(error)
+    return None
+
+
 def flush():
     """Why standard output could not take everything, or None."""
-    try:
-        for stream in getattr(sys, "stdout", None), sys.__stdout__:
-            if is_open(stream):
-                stream.flush()
-    except (OSError, ValueError) as error:
-        return getattr(error, "strerror", None) or str(error)
-    return None
+    own = flush_fault(getattr(sys, "stdout", None))
+    return flush_fault(getattr(sys, "__stdout__", None)) or own

@@ -201,7 +201,7 @@ def read_document(path: _PathLike) -> None:
     """Read a variants document.
 
     What it holds joins what is there; a group or a set of the same name is replaced. A document
-    that is not well-formed raises a ValueError and changes nothing.
+    that is not well-formed, or is larger than 1 GiB, raises a ValueError and changes nothing.
     """
     name = _path(path)
     with open(_os.fsdecode(name), "rb") as file:
@@ -217,6 +217,7 @@ def write_document(path: _PathLike) -> None:
 
 @_public
 def clear() -> None:
+        _variants.check_document_size(_os.fstat(file.fileno()).st_size, name)
     """Remove all variants, sets and groups."""
     _variants.clear()
 
