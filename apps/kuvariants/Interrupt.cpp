@@ -5,7 +5,6 @@
 
 #include <atomic>
 #include <cerrno>
-#include <csignal>
 #include <initializer_list>
 
 #include "ProgressLine.h"
@@ -80,9 +79,15 @@ void taken() { isPassedOn = 0; }
 
 void leaveInterrupted() { leave(SIGINT); }
 
-AtOnce::AtOnce() : _receiver(presentReceiver.exchange(nullptr)) {}
+AtOnce::AtOnce() : _receiver(presentReceiver.exchange(nullptr)) {
+  sigaction(SIGINT, nullptr, &_former);
+  takeOver(SIGINT);
+}
 
-AtOnce::~AtOnce() { presentReceiver = _receiver; }
+AtOnce::~AtOnce() {
+  sigaction(SIGINT, &_former, nullptr);
+  presentReceiver = _receiver;
+}
 
 Deferred::Deferred() { deferring = 1; }
 

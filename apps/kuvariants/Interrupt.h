@@ -1,5 +1,7 @@
 #pragma once
 
+#include <csignal>
+
 /** Ctrl-C and its kin: the process ends at once with 128 plus the signal's number, so 130. */
 namespace Interrupt {
 
@@ -24,7 +26,10 @@ void taken();
 /** Ends the process as Ctrl-C does. */
 [[noreturn]] void leaveInterrupted();
 
-/** Has Ctrl-C end the process at once for a while, though there is a receiver. */
+/**
+ * Has Ctrl-C end the process at once for a while, though there is a receiver or somebody else took
+ * the signal over. It stays ignored where it is.
+ */
 class AtOnce {
  public:
   AtOnce();
@@ -34,6 +39,7 @@ class AtOnce {
 
  private:
   void (*_receiver)();
+  struct sigaction _former {};
 };
 
 /** Holds the signals back while files are being put in place, so that none is left half done. */

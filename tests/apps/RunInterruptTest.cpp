@@ -126,6 +126,23 @@ TEST_F(RunInterruptTest, EndsAPictureThatIsBeingRendered) {
   EXPECT_FALSE(exists("picture.png"));
 }
 
+TEST_F(RunInterruptTest, EndsAPictureAlsoWhereTheScriptHadTheSignalForAWhile) {
+  const CliResult result = interruptScript(
+      "import signal\nformer = signal.signal(signal.SIGINT, signal.SIG_IGN)\n"
+      "signal.signal(signal.SIGINT, former)\nopen('running', 'w').close()\n"
+      "variants.render('picture.png', width=4000, height=4000, samples=60000)");
+  EXPECT_EQ(result.code, 130);
+}
+
+TEST_F(RunInterruptTest, IsIgnoredByAPictureWhereTheScriptIgnoresIt) {
+  write("script.py",
+        "import os, signal, threading\nsignal.signal(signal.SIGINT, signal.SIG_IGN)\n"
+        "threading.Timer(0.1, os.kill, (os.getpid(), signal.SIGINT)).start()\n"
+        "variants.render('picture.png', width=400, height=300, samples=64)");
+  EXPECT_EQ(run({"run", "car.gltf", "car.xml", "script.py"}).code, 0);
+  EXPECT_TRUE(exists("picture.png"));
+}
+
 TEST_F(RunInterruptTest, OtherSignalsEndTheScriptAtOnce) {
   EXPECT_EQ(interruptScript("open('running', 'w').close()\nwhile True: pass", SIGTERM).code, 143);
 }
