@@ -109,6 +109,16 @@ TEST_F(kuVariantsModuleTest, SelectingWithTrueLeavesTheCamera) {
   EXPECT_EQ(viewpoint(), "Side");
 }
 
+TEST_F(kuVariantsModuleTest, SelectingTakesANumberForTheFlag) {
+  EXPECT_TRUE(run("selectVariantSet('Blue', 1)"));
+  EXPECT_EQ(choice(), 1);
+  EXPECT_EQ(viewpoint(), "Side");
+  EXPECT_TRUE(run("selectVariantSet('Red', 0)"));
+  EXPECT_EQ(choice(), 0);
+  EXPECT_EQ(viewpoint(), "Top");
+  EXPECT_THAT(log, IsEmpty());
+}
+
 TEST_F(kuVariantsModuleTest, SelectingAnEmptyOrUnknownNameOrNoneDoesNothing) {
   for (const char* text :
        {"selectVariantSet('')", "selectVariantSet('Green')", "selectVariantSet(None)"}) {
