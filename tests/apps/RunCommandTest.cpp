@@ -215,6 +215,38 @@ TEST_F(RunCommandTest, GoesOnWithoutStandardStreams) {
   EXPECT_EQ(read("made"), "(None, '')");
 }
 
+TEST_F(RunCommandTest, GoesOnWhereStandardInputIsADirectoryAsOtherCommandsDo) {
+  write("script.py",
+        "import os, stat, sys\n"
+        "print(repr(sys.stdin.read()), stat.S_ISDIR(os.fstat(0).st_mode))");
+  const CliResult ran = runInShell("", {"run", "car.gltf", "car.xml", "script.py"}, "<.");
+  EXPECT_EQ(ran.code, 0) << ran.err;
+  EXPECT_EQ(ran.out, "'' True\n");
+  const CliResult selected =
+      runInShell("", {"--allow-scripts", "select", "car.gltf", "car.xml", "Scripted"}, "<.");
+  EXPECT_EQ(selected.code, 0);
+  EXPECT_EQ(selected.err, "printed by a script\n");
+}
+
+TEST_F(RunCommandTest, StarImportLeavesTheModuleAtItsName) {
+  EXPECT_EQ(printed("from variants import *\nprint(variants.sets() == sets(), "
+                    "variants.variants('node'))\nhelp(variants)")
+                .substr(0, 25),
+            "True ['Roof', 'Leaves']\nH");
+}
+
+TEST_F(RunCommandTest, TellsWhereASelectionCannotPutMaterialsBack) {
+  write("car.xml",
+        "<Variants><VariantSet name=\"Temp\"/><VariantSet name=\"Plain\"/><VariantSet name=\"S\">"
+        "<MaterialSnapshot nodePath=\"Car/Body\" materialName=\"Paint\"/></VariantSet></Variants>");
+  const CliResult result =
+      runScript("variants.select_set('Plain')\nvariants.select_set('S')\nprint('done')");
+  EXPECT_EQ(result.out, "done\n");
+  EXPECT_EQ(result.err,
+            "kuvariants: warning: materials are not put back to the nodes for \"S\": the document "
+            "has a set named \"Temp\", and the name is needed for that; give that set another\n");
+}
+
 TEST_F(RunCommandTest, TellsHelpOfItself) {
   const CliResult result = run({"run", "--help"});
   EXPECT_EQ(result.code, 0);

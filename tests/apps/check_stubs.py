@@ -166,7 +166,9 @@ def main():
     comparison.module("kuVariantSetPtr", real["kuVariantSetPtr"], stubs / "kuVariantSetPtr.pyi")
     comparison.signatures(real["variants"], real["stub"])
     faults = comparison.faults
-    if real["listed"] != real["all"] or set(real["all"]) != {*real["variants"], "UnknownName"}:
+    # A star import would put the function "variants" in the place of the module.
+    listed = [name for name in real["all"] if name != "variants"]
+    if real["listed"] != listed or set(real["all"]) != {*real["variants"], "UnknownName"}:
         faults.append(f"variants: {real['listed']} are listed, {real['all']} are there")
     if real["error"] != real["stub error"]:
         faults.append(f"variants: UnknownName is {real['error']}, in the stub {real['stub error']}")

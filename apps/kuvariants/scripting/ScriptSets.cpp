@@ -71,6 +71,7 @@ void removeSet(const std::string& name) {
 }
 
 void selectSet(const std::string& name, bool skipViewpoint) {
+  warnWhereNotRestored({textOf(name)});
   activateSet(textOf(name), skipViewpoint, true);
 }
 

@@ -4,6 +4,9 @@ Everything goes by name. A kind of variants is "node", "material", "transform", 
 "overlay". An unknown name raises UnknownName, which is a LookupError, with the nearest names; an
 argument that cannot be taken raises a ValueError or a TypeError, and a file that cannot be read or
 written an OSError. All of it is for the main thread alone: another one gets a RuntimeError.
+
+variants.variants(kind) returns the names of all variants of a kind. It is listed here, since
+"from variants import *" leaves it out.
 """
 
 import functools as _functools
@@ -79,7 +82,8 @@ def sets() -> _typing.List[str]:
 def create_set(name: str, group: _typing.Optional[str] = None) -> _sets.kuVariantSetPtr:
     """Make an empty set, in a group or in none, and return it.
 
-    It must not be used any more once the set is removed.
+    It must not be used any more once the set is no longer there: removed, cleared with all others,
+    or replaced by one of its name that a document brings. A set's own script may do that too.
     """
     return _variants.create_set(_new_name(name, "name"), _group(group))
 
@@ -88,7 +92,8 @@ def create_set(name: str, group: _typing.Optional[str] = None) -> _sets.kuVarian
 def find_set(name: str) -> _typing.Optional[_sets.kuVariantSetPtr]:
     """Return the set of that name, or None.
 
-    It must not be used any more once the set is removed.
+    It must not be used any more once the set is no longer there: removed, cleared with all others,
+    or replaced by one of its name that a document brings. A set's own script may do that too.
     """
     return _variants.find_set(_text(name, "name"))
 
@@ -122,7 +127,10 @@ def group_of(name: str) -> _typing.Optional[str]:
 
 @_public
 def set_group(name: str, group: _typing.Optional[str]) -> None:
-    """Put a set at the end of a group, or with None into no group."""
+    """Put a set at the end of a group, or with None into no group.
+
+    A set that is in that group already stays at its place.
+    """
     _variants.set_group(_text(name, "name"), _group(group))
 
 
@@ -178,6 +186,10 @@ def variants(kind: str) -> _typing.List[str]:
     return _variants.variants(_text(kind, "kind"))
 
 
+# A star import would put the function in the place of the module.
+__all__.remove("variants")
+
+
 @_public
 def options(kind: str, variant: str) -> _typing.List[str]:
     """Return the states and steps that a variant lists."""
@@ -205,6 +217,7 @@ def read_document(path: _PathLike) -> None:
     """
     name = _path(path)
     with open(_os.fsdecode(name), "rb") as file:
+        _variants.check_document_size(_os.fstat(file.fileno()).st_size, name)
         content = file.read()
     _variants.read_document(content, name)
 
@@ -217,7 +230,6 @@ def write_document(path: _PathLike) -> None:
 
 @_public
 def clear() -> None:
-        _variants.check_document_size(_os.fstat(file.fileno()).st_size, name)
     """Remove all variants, sets and groups."""
     _variants.clear()
 

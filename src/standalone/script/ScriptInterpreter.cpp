@@ -1,5 +1,9 @@
 #include "standalone/script/ScriptInterpreter.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <boost/python.hpp>
 
 #include "host/kernel/kuLog.h"
@@ -42,6 +46,29 @@ void isolate() {
 }
 #pragma GCC diagnostic pop
 
+/** Python does not start where standard input is a directory, though it is not to be read. */
+class DirectoryAside {
+ public:
+  DirectoryAside() {
+    struct stat status {};
+    if (fstat(STDIN_FILENO, &status) != 0 || !S_ISDIR(status.st_mode)) return;
+    const int none = open("/dev/null", O_RDONLY | O_CLOEXEC);
+    _directory = fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    dup2(none, STDIN_FILENO);
+    close(none);
+  }
+  ~DirectoryAside() {
+    if (_directory < 0) return;
+    dup2(_directory, STDIN_FILENO);
+    close(_directory);
+  }
+  DirectoryAside(const DirectoryAside&) = delete;
+  DirectoryAside& operator=(const DirectoryAside&) = delete;
+
+ private:
+  int _directory = -1;
+};
+
 void redirectStreams() {
   bp::dict names;
   names["__builtins__"] = bp::import("builtins");
@@ -70,6 +97,7 @@ void ScriptInterpreter::start() {
   if (!Py_IsInitialized()) {
     LibraryModules::offer();
     isolate();
+    const DirectoryAside whilePythonStarts;
     Py_InitializeEx(0);
   }
   try {
