@@ -24,7 +24,8 @@ std::vector<std::pair<std::string, int>> duplicateNames() {
   std::set<osg::NodeCorePtr> seen;
   std::map<std::string, int> counts;
   for (const kuNodePtr& node : nodes) {
-    if (seen.insert(node.getNode()->getCore()).second) ++counts[kuNodeUtils::getName(node)];
+    const osg::NodeCorePtr core = node.getNode()->getCore();
+    if (core && seen.insert(core).second) ++counts[kuNodeUtils::getName(node)];
   }
   std::vector<std::pair<std::string, int>> duplicates;
   std::copy_if(counts.begin(), counts.end(), std::back_inserter(duplicates),
@@ -119,7 +120,7 @@ CaptureReport run(const CaptureStep& step, const TerminalDialogs& dialogs) {
   report.renamings = difference.renamings();
   report.hasRenderLayers = hasRenderLayers();
   listNewStates(report.switches);
-  warnOfCapture(*set);
+  warnOfCapture(*set, report.switches);
   return report;
 }
 

@@ -40,10 +40,12 @@ void addOptions(CLI::App& command, CaptureOptions& options) {
                                "repeated, each --set with the --after and\n"
                                "--variant in front of it")
                     ->required()
+                    ->expected(1)
                     ->allow_extra_args(false);
   options.group = addNamesOption(command, "--group",
                                  "Put the set into this group, made if it is not\n"
                                  "there; one for all sets, or one for each")
+                      ->expected(1)
                       ->allow_extra_args(false);
   command
       .add_option("--rename-duplicates", options.renameDuplicates,

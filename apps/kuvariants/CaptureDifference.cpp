@@ -122,6 +122,7 @@ SwitchChange CaptureDifference::changeOf(const osg::SwitchMaterialPtr& material,
   change.name = nameOf(material);
   change.isNew = _materials.count(material) == 0;
   change.isOfFile = material->hostFields().source >= 0 || _fileSwitches.count(material) != 0;
+  change.isOfEnvironments = osg::UEnvironmentSwitchMaterialPtr::dcast(material) != osg::NullFC;
   change.isVariantNew =
       kuVariants::findMaterialVariant(change.name) && !_variants.contains(change.name);
   for (const osg::MaterialPtr& entry : addedTo(material))

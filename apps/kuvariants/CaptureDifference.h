@@ -20,6 +20,8 @@ struct SwitchChange {
   bool isNew = false;
   /** Whether the scene's own file has it, so that a document makes nothing of it anew. */
   bool isOfFile = false;
+  /** Whether it is a switch of environments. */
+  bool isOfEnvironments = false;
   /** Whether its variant is new. */
   bool isVariantNew = false;
   QStringList materials;

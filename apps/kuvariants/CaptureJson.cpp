@@ -64,6 +64,7 @@ void writeAfter(JsonWriter& json, const CaptureReport& report) {
 void writeReport(JsonWriter& json, const CaptureReport& report) {
   json.object([&] {
     json.entry("set", report.set);
+    json.entry("wished", report.wished);
     json.entry("group", report.group);
     writeAfter(json, report);
     writeStates(json, report.content);
@@ -81,6 +82,7 @@ void writeReport(JsonWriter& json, const CaptureReport& report) {
 void writeDocumentAlone(JsonWriter& json, const DocumentAlone& alone) {
   json.object([&] {
     writeNames(json, "madeAnew", alone.madeAnew);
+    writeNames(json, "madeAnewAsPlain", alone.madeAnewAsPlain);
     json.key("lost");
     json.object([&] {
       writePairs(json, "materials", alone.grown);

@@ -71,7 +71,9 @@ std::string switchText(const SwitchChange& change) {
 }
 
 std::string renamingText(const Renaming& renaming) {
-  std::string text = "  Renamed " + escaped(renaming.path);
+  // Only a node without a name, at the top of the scene, has no path.
+  std::string text =
+      "  Renamed " + (renaming.path.isEmpty() ? "a node without a name" : escaped(renaming.path));
   if (!renaming.transformState.isEmpty()) {
     text += ", state " + escaped(renaming.transformState);
   }
@@ -101,7 +103,8 @@ std::string lostText(const DocumentAlone& alone) {
 }
 
 std::string documentAloneText(const DocumentAlone& alone) {
-  const std::string anew = field("materials", escapedNames(alone.madeAnew));
+  const std::string anew = field("materials", escapedNames(alone.madeAnew)) +
+                           field("as plain", escapedNames(alone.madeAnewAsPlain));
   const std::string lost = lostText(alone);
   std::string text;
   if (!anew.empty()) text += "\nMade anew when the document is read\n" + anew;

@@ -6,8 +6,8 @@ void add(DocumentAlone& all, const SwitchChange& change) {
   if (change.isOfFile) {
     for (const QString& material : change.added)
       all.grown.emplace_back(change.name, material);
-  } else if (!change.added.isEmpty() && !all.madeAnew.contains(change.name)) {
-    all.madeAnew += change.name;
+  } else if (!change.added.isEmpty()) {
+    (change.isOfEnvironments ? all.madeAnewAsPlain : all.madeAnew) += change.name;
   }
 }
 
@@ -24,5 +24,7 @@ DocumentAlone documentAlone(const std::vector<CaptureReport>& reports) {
     all.names += report.renamings.size();
     if (report.hasRenderLayers) all.renderLayers += report.set;
   }
+  all.madeAnew.removeDuplicates();
+  all.madeAnewAsPlain.removeDuplicates();
   return all;
 }

@@ -11,6 +11,8 @@
 struct DocumentAlone {
   /** Switch materials that are made anew when the document is read. */
   QStringList madeAnew;
+  /** Those of environments, which are made anew as plain ones. */
+  QStringList madeAnewAsPlain;
   /** What a switch material of the scene's file took in: the switch and the material. Lost. */
   std::vector<std::pair<QString, QString>> grown;
   /** Lost, as all that follows. */

@@ -32,9 +32,7 @@ void hide() {
   isShown = 0;
 }
 
-void printAbove(const std::string& lines) {
-  write(isShown ? clearing + lines + line() : lines);
-}
+void printAbove(const std::string& lines) { write(isShown ? clearing + lines + line() : lines); }
 
 void clearInHandler() {
   if (isShown && ::write(STDERR_FILENO, clearing, sizeof clearing - 1) > 0) isShown = 0;

@@ -36,6 +36,7 @@ CLI::Option& addVariantOption(CLI::App& command, const std::string& when,
                   "Put one variant into a state, " + when +
                       ";\nKIND is node, material, transform, light or\noverlay; may be repeated")
               ->type_name("KIND:NAME=STATE")
-              ->allow_extra_args(false)
-              ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+              ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+              ->expected(1)
+              ->allow_extra_args(false);
 }

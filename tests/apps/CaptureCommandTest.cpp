@@ -118,6 +118,13 @@ TEST_F(CaptureTest, ASetNamedAsTheLibrarysOwnIsWarnedOf) {
             "not put back when they are selected\n");
 }
 
+TEST_F(CaptureTest, HelpShowsThatASetIsOneName) {
+  const std::string help = capture({"--help"}).out;
+  EXPECT_THAT(help, HasSubstr("  --set NAME              Capture into a new set"));
+  EXPECT_THAT(help, HasSubstr("  --group NAME            Put the set"));
+  EXPECT_THAT(help, HasSubstr("  --after NAME ...        Select these sets"));
+}
+
 // What goes wrong.
 
 TEST_F(CaptureTest, AWrongCommandLineWritesNothing) {

@@ -59,7 +59,7 @@ TEST_F(CaptureTest, JsonHoldsTheWholeResult) {
   EXPECT_EQ(result.code, 0);
   EXPECT_EQ(normalised(result.out), normalised(R"json({
     "captures": [{
-      "set": "Blue", "group": "New Group 1",
+      "set": "Blue", "wished": "Blue", "group": "New Group 1",
       "after": ["Red"], "afterStates": [["node", "Roof", "Open"]],
       "states": {"node": [["Roof", "Open"], ["Jack", "!Disable"]],
         "material": [["Switch", "Blue"]], "transform": [], "light": [], "overlay": []},
@@ -70,7 +70,7 @@ TEST_F(CaptureTest, JsonHoldsTheWholeResult) {
         "states": [["Red", "Red"], ["Blue", "Blue"]]}],
       "renamed": [], "renderLayers": false
     }],
-    "documentAlone": {"madeAnew": ["Switch"],
+    "documentAlone": {"madeAnew": ["Switch"], "madeAnewAsPlain": [],
       "lost": {"materials": [], "viewpoints": ["Blue"], "names": 0, "renderLayers": []}}
   })json"));
 }
@@ -138,6 +138,25 @@ TEST_F(CaptureTest, ASwitchThatADocumentMadeIsMadeAnewWithAllThatItTookIn) {
   EXPECT_EQ(bodyOf("out.gltf"), "Switch = Green");
 }
 
+TEST_F(CaptureTest, AnEnvironmentSwitchThatTheDocumentMakesAsAPlainOneIsTold) {
+  const auto surroundings = [](const char* sky) {
+    return scene(0)
+        .replace("{\"name\": \"Red\"}", R"({"name": "Day", "extras": {"environment": true}})")
+        .replace("{\"name\": \"Blue\"}", R"({"name": "Night", "extras": {"environment": true}})")
+        .replace("\"material\": 0", sky);
+  };
+  write("day.gltf", surroundings("\"material\": 0"));
+  write("night.gltf", surroundings("\"material\": 1"));
+  capture({"day.gltf", "--set", "Day", "-o", "sky.xml"});
+  const QStringList second{"night.gltf", "sky.xml", "--set", "Night", "-o", "out.xml"};
+  const CliResult result = capture(second);
+  EXPECT_EQ(result.code, 0) << result.err;
+  EXPECT_THAT(result.out, HasSubstr("Made anew when the document is read\n"
+                                    "    as plain    Switch\n"));
+  const std::string json = normalised(capture(second + QStringList{"--json"}).out);
+  EXPECT_THAT(json, HasSubstr("\"madeAnew\":[],\"madeAnewAsPlain\":[\"Switch\"]"));
+}
+
 TEST_F(CaptureTest, EachLineOfTheScriptStandsOnOneOfItsOwnWithItsQuotes) {
   write("hidden.gltf",
         scene(0).replace("\"Closed\"}", "\"Closed\", \"extras\": {\"materialGroup\": {}}}"));
@@ -157,6 +176,31 @@ TEST_F(CaptureTest, RenamedNodesAreTold) {
   EXPECT_THAT(result.out, HasSubstr("    names       1 new name\n"));
 }
 
+TEST_F(CaptureTest, ARenamedNodeWithoutAPathIsToldInWords) {
+  write("nameless.gltf",
+        scene(0).replace("{\"name\": \"Closed\"}", "{}").replace("\"name\": \"Jack\", ", ""));
+  const CliResult result =
+      capture({"nameless.gltf", "--set", "A", "-o", "a.xml", "--rename-duplicates", "yes"});
+  EXPECT_EQ(result.code, 0) << result.err;
+  EXPECT_THAT(result.out, HasSubstr("  Renamed a node without a name -> 1\n"));
+}
+
+TEST_F(CaptureTest, NodesWithoutContentAreNotCountedAmongThoseThatShareAName) {
+  write("bare.gltf",
+        scene(0)
+            .replace("{\"name\": \"Closed\"}", "{\"name\": \"Jack\", \"extras\": {\"bare\": true}}")
+            .replace("\"Open\"", "\"Roof\""));
+  const CliResult result = capture({"bare.gltf", "--set", "A", "-o", "a.xml"});
+  EXPECT_EQ(result.code, 1);
+  EXPECT_THAT(result.err, HasSubstr(": nodes share a name: \"Roof\" (2 nodes); "));
+}
+
+TEST_F(CaptureTest, AWishedNameInUseIsPartOfTheJson) {
+  capture({"red.gltf", "--set", "Red", "-o", "paints.xml"});
+  EXPECT_THAT(capture({"red.gltf", "paints.xml", "--set", "Red", "-o", "out.xml", "--json"}).out,
+              HasSubstr("\"set\": \"Red1\",\n      \"wished\": \"Red\",\n"));
+}
+
 TEST_F(CaptureTest, RenamingWhatSetsNameIsWarnedOf) {
   capture({"red.gltf", "--set", "Red", "-o", "paints.xml"});
   const CliResult result = capture(
@@ -174,6 +218,50 @@ TEST_F(CaptureTest, AMaterialThatTheSceneLacksIsWarnedOf) {
   EXPECT_EQ(result.err,
             "kuvariants: warning: the set \"Red\" remembers the material \"Red\" for 1 node, and "
             "the scene has none of that name: no switch material was made there\n");
+}
+
+TEST_F(CaptureTest, AMaterialOfADocumentsSwitchThatTheSceneLacksIsWarnedOf) {
+  capturePaints();
+  write("green.gltf", scene(2).replace("{\"name\": \"Blue\"}", "{\"name\": \"Navy\"}"));
+  const CliResult result =
+      capture({"green.gltf", "paints.xml", "--set", "Green", "-o", "paints.xml"});
+  EXPECT_EQ(result.code, 0);
+  EXPECT_THAT(result.err, HasSubstr("kuvariants: warning: the set \"Blue\" shows the material "
+                                    "\"Blue\" by the switch material \"Switch\", and the scene "
+                                    "has none of that name\n"));
+  EXPECT_THAT(result.err, Not(HasSubstr("\"Red\"")));
+}
+
+TEST_F(CaptureTest, AStateThatIsNoneOfItsSwitchIsWarnedOf) {
+  write("paint.gltf", scene(3));
+  capture({"red.gltf", "--set", "Red", "-o", "paints.xml"});
+  const CliResult result =
+      capture({"paint.gltf", "paints.xml", "--set", "Any", "-o", "paints.xml"});
+  EXPECT_EQ(result.code, 0);
+  EXPECT_EQ(result.err,
+            "kuvariants: warning: the set \"Any\" has \"Paint\" for its state of the switch "
+            "material \"Paint\", which has none of that name: it may not bring its own look "
+            "back\n");
+}
+
+TEST_F(CaptureTest, ANameThatBreaksTheScriptIsWarnedOf) {
+  for (const char* name : {"a\"b", "a\\b", "a\nb", "a\rb"}) {
+    const CliResult result = capture({"red.gltf", "--set", name, "-o", "out.xml"});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_THAT(result.err, HasSubstr("\" does not work: a name in it has a quotation mark, a "
+                                      "back-slash or a line break\n"))
+        << name;
+  }
+  EXPECT_EQ(capture({"red.gltf", "--set", "a'b (c), [d]", "-o", "out.xml"}).err, "");
+}
+
+TEST_F(CaptureTest, APathThatBreaksTheScriptIsWarnedOf) {
+  const QByteArray group = "{\"name\": \"Clo\\\"sed\", \"extras\": {\"materialGroup\": {}}}";
+  write("quoted.gltf", scene(0).replace("{\"name\": \"Closed\"}", group));
+  const CliResult result = capture({"quoted.gltf", "--set", "A", "-o", "out.xml"});
+  EXPECT_EQ(result.err,
+            "kuvariants: warning: the script of the set \"A\" does not work: a name in it has a "
+            "quotation mark, a back-slash or a line break\n");
 }
 
 }  // namespace
