@@ -9,6 +9,19 @@
 
 // Whether the names of the scene allow a capture.
 
+namespace {
+
+/** The arrow in the place of the busy cursor, for as long as this lives. */
+class ArrowCursor {
+ public:
+  ArrowCursor() { QGuiApplication::setOverrideCursor(Qt::ArrowCursor); }
+  ~ArrowCursor() { QGuiApplication::restoreOverrideCursor(); }
+  ArrowCursor(const ArrowCursor&) = delete;
+  ArrowCursor& operator=(const ArrowCursor&) = delete;
+};
+
+}  // namespace
+
 bool kuVariants::verifyNodeNames() {
   kuVariantCaptureChecker checker;
   if (!checker.hasAmbiguousNodes()) return true;
@@ -18,7 +31,7 @@ bool kuVariants::verifyNodeNames() {
 }
 
 bool kuVariants::showAmbiguousNodesDialog(bool warnAboutVariantSets) {
-  QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+  const ArrowCursor cursor;
   QString text =
       tr("Some nodes have the same name and/or node path. In order to continue, the names of those "
          "nodes will be changed.\n ");
@@ -30,7 +43,5 @@ bool kuVariants::showAmbiguousNodesDialog(bool warnAboutVariantSets) {
                      Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint);
   dialog.button(QMessageBox::Yes)->setText(tr("Rename"));
   dialog.button(QMessageBox::No)->setText(tr("Cancel"));
-  const int answer = dialog.exec();
-  QGuiApplication::restoreOverrideCursor();
-  return answer == QMessageBox::Yes;
+  return dialog.exec() == QMessageBox::Yes;
 }
