@@ -138,7 +138,7 @@ TEST_F(RunInterruptTest, IsIgnoredByAPictureWhereTheScriptIgnoresIt) {
   write("script.py",
         "import os, signal, threading\nsignal.signal(signal.SIGINT, signal.SIG_IGN)\n"
         "threading.Timer(0.1, os.kill, (os.getpid(), signal.SIGINT)).start()\n"
-        "variants.render('picture.png', width=400, height=300, samples=64)");
+        "variants.render('picture.png', width=200, height=150, samples=64)");
   EXPECT_EQ(run({"run", "car.gltf", "car.xml", "script.py"}).code, 0);
   EXPECT_TRUE(exists("picture.png"));
 }

@@ -65,6 +65,19 @@ TEST_F(RunPromptTest, GoesOnWhereAnInterruptEndsTheScriptOfASet) {
   EXPECT_THAT(result.screen, AllOf(HasSubstr("script of set \"S\" failed"), HasSubstr("\n42\n")));
 }
 
+TEST_F(RunPromptTest, GoesOnWhereAnInterruptEndsTheCommandsOfASet) {
+  write("car.xml", "<Variants><VariantSet name=\"T\"/><VariantSet name=\"S\"><Script>" +
+                       QByteArray("selectVariantSet('T')\n").repeated(99999) +
+                       "</Script></VariantSet></Variants>");
+  const TerminalResult result = prompt({{">>> ", "print('round' * 2); selectVariantSet('S')\n"},
+                                        {"roundround", ctrlC, 300},
+                                        {">>> ", "6 * 7\n"},
+                                        {">>> ", endOfInput}});
+  EXPECT_EQ(result.code, 0);
+  EXPECT_THAT(result.screen, AllOf(HasSubstr("script of set \"S\" failed: KeyboardInterrupt"),
+                                   HasSubstr("\n42\n")));
+}
+
 TEST_F(RunPromptTest, EndsWithTheCodeOfExit) {
   EXPECT_EQ(prompt({{">>> ", "import sys; sys.exit(5)\n"}}).code, 5);
   const TerminalResult text = prompt({{">>> ", "exit('good' + 'bye')\n"}});
