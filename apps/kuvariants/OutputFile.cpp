@@ -36,15 +36,15 @@ bool writeWhole(QSaveFile& file, const std::string& content) {
   return file.flush();
 }
 
-bool isStandardOutput(const std::string& path) {
-  return path == "/dev/stdout" || path == "/dev/fd/1" || path == "/proc/self/fd/1";
-}
-
 }  // namespace
 
 OutputFile::OutputFile(std::string path) : _path(std::move(path)) {}
 
 OutputFile::~OutputFile() = default;
+
+bool OutputFile::isStandardOutput(const std::string& path) {
+  return path == "/dev/stdout" || path == "/dev/fd/1" || path == "/proc/self/fd/1";
+}
 
 bool OutputFile::isSpecial(const std::string& path) {
   struct stat status {};

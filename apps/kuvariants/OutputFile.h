@@ -25,6 +25,9 @@ class OutputFile {
   /** Whether something stands there that is neither a file nor a directory. */
   static bool isSpecial(const std::string& path);
 
+  /** Whether that names standard output, which may lead to a file that is not ours to replace. */
+  static bool isStandardOutput(const std::string& path);
+
  private:
   void writeToStandardOutput(const std::string& content) const;
   /** @param systemError the number of the system's error, 0 for another reason. */

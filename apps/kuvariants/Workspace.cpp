@@ -55,7 +55,7 @@ QByteArray readWhole(const std::string& path) {
 }
 
 void savePresentScene(const std::string& path) {
-  if (OutputFile::isSpecial(path)) {
+  if (OutputFile::isSpecial(path) || OutputFile::isStandardOutput(path)) {
     throw Failure{ExitCode::OutputNotWritten, "cannot write", path, "not a regular file"};
   }
   const SceneSaveResult result = saveScene(Scene::the(), path);

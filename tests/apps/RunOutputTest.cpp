@@ -115,6 +115,15 @@ TEST_F(RunOutputTest, TakesADocumentAndAPictureInTheirOrder) {
   EXPECT_EQ(printed("variants.render('/dev/stdout', 1, 1, 1)").substr(1, 3), "PNG");
 }
 
+TEST_F(RunOutputTest, ThatLeadsToAFileIsNotReplacedByAScene) {
+  for (const QByteArray path : standardOutputs) {
+    write("script.py", "print('before')\ntry:\n    variants.save_scene('" + path +
+                           "')\nexcept OSError as error:\n    print(error)");
+    EXPECT_EQ(runInShell("", {"run", "car.gltf", "car.xml", "script.py"}, ">out").code, 0);
+    EXPECT_EQ(read("out"), "before\n[Errno 5] not a regular file: '" + path.toStdString() + "'\n");
+  }
+}
+
 TEST_F(RunOutputTest, ThatTakesNoDocumentIsToldWithTheReason) {
   makeFullDevice("full");
   write("script.py",
