@@ -107,6 +107,7 @@ void selectOne(const StateRequest& request) {
 SelectionReport selectAll(const SelectOptions& options) {
   checkNames(options);
   if (options.restoreMaterials && !options.useDefaults) warnWhereNotRestored(options.sets);
+  const NodeMaterials materials;
   SceneChanges changes;
   for (const QString& set : options.sets)
     selectSet(set, options);
@@ -115,5 +116,6 @@ SelectionReport selectAll(const SelectOptions& options) {
   SelectionReport report = changes.take();
   report.sets = QStringList(options.sets.begin(), options.sets.end());
   report.states = options.states;
+  report.materials = materials.changes();
   return report;
 }

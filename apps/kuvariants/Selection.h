@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Kinds.h"
+#include "NodeMaterials.h"
 
 class JsonWriter;
 
@@ -42,6 +43,8 @@ struct SelectionReport {
   std::vector<StateRequest> states;
   /** Every variant, changed or not. */
   std::vector<VariantChange> variants;
+  /** The nodes that got other materials, as where those that sets remember were put back. */
+  std::vector<NodeMaterialChange> materials;
   /** The viewpoint looked through; empty for none. */
   QString viewpointBefore;
   QString viewpoint;

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 
 #include "Diagnostics.h"
 #include "JsonWriter.h"
@@ -36,6 +37,15 @@ std::string lines(const SelectionReport& report, bool changed) {
   return viewpointChanged == changed ? text + viewpointLine(report) : text;
 }
 
+std::string materialLines(const SelectionReport& report) {
+  std::string text;
+  for (const NodeMaterialChange& one : report.materials) {
+    text += "  material of " + escaped(one.node) + ": " + shownState(one.before) + " -> " +
+            shownState(one.after) + '\n';
+  }
+  return text;
+}
+
 std::string animationLines(const SelectionReport& report) {
   std::string text;
   for (const std::string& name : report.animations) {
@@ -58,6 +68,16 @@ std::string selected(const SelectionReport& report) {
   return "Selected: " + text + '\n';
 }
 
+void writeMaterials(JsonWriter& json, const SelectionReport& report) {
+  json.key("materials");
+  json.array(
+      report.materials,
+      [&](const NodeMaterialChange& one) {
+        json.list(std::array<QString, 3>{one.node, one.before, one.after});
+      },
+      JsonWriter::Layout::OneLine);
+}
+
 }  // namespace
 
 std::string heldBackText(std::uint64_t scripts) {
@@ -75,6 +95,7 @@ std::string selectionJson(const SelectionReport& report) {
     json.list(report.sets);
     json.key("states");
     json.object([&] { writeStates(json, report); });
+    writeMaterials(json, report);
     json.key("viewpoint");
     report.viewpoint.isEmpty() ? json.null() : json.value(report.viewpoint);
     json.key("animations");
@@ -99,7 +120,7 @@ std::string statesText(const SelectionReport& report) {
 }
 
 std::string changedText(const SelectionReport& report) {
-  return lines(report, true) + animationLines(report);
+  return materialLines(report) + lines(report, true) + animationLines(report);
 }
 
 std::string selectionText(const SelectionReport& report) {

@@ -38,6 +38,14 @@ TEST_F(CapturedSetsTest, SelectPutsTheSwitchMaterialBackAndSelects) {
   EXPECT_EQ(err, "");
 }
 
+TEST_F(CapturedSetsTest, NodesThatGotTheirMaterialsBackAreTold) {
+  const QStringList select{"select", "red.gltf", "paints.xml", "Blue"};
+  EXPECT_THAT(run(select).out, HasSubstr("\nChanged\n  material of Car/Body: Red -> Switch\n"));
+  EXPECT_THAT(normalised(run(select + QStringList{"--json"}).out),
+              HasSubstr(R"("materials":[["Car/Body","Red","Switch"]])"));
+  EXPECT_THAT(run(select + QStringList{"--no-restore"}).out, HasSubstr("Changed\n  nothing\n"));
+}
+
 TEST_F(CapturedSetsTest, NoRestoreSelectsAlone) {
   EXPECT_EQ(bodyAfter("red.gltf", {"Blue", "--no-restore"}), "Red");
 }

@@ -24,7 +24,7 @@ TEST_F(ScriptTest, HeldBackIsToldOnStandardErrorBesideJson) {
   EXPECT_EQ(normalised(result.out), normalised(R"({"selected": ["Scripted"], "states": {
               "node": {"Roof": "Open", "Leaves": "!Enable"}, "material": {"Paint": "Red"},
               "transform": {"Doors": "Shut"}, "light": {"Sun": "!Enable"},
-              "overlay": {"Title": "!None"}}, "viewpoint": "Front", "animations": []})"));
+              "overlay": {"Title": "!None"}}, "materials": [], "viewpoint": "Front", "animations": []})"));
   EXPECT_THAT(result.err, HasSubstr("kuvariants: 1 script was held back; --allow-scripts"));
 }
 

@@ -52,6 +52,7 @@ TEST_F(SelectCommandTest, JsonHoldsTheWholeResult) {
       "transform": {"Doors": "Wide"}, "light": {"Sun": "!Disable"},
       "overlay": {"Title": "Deutsch"}},
     "viewpoint": "Rear",
+    "materials": [],
     "animations": ["Wave"]
   })"));
 }

@@ -40,7 +40,8 @@ TEST_F(RightsTest, ABrokerThatRefusesThePasswordForAWhileIsAskedAgain) {
   broker.restart("authorization { user: team, password: p }");
   joinAs("team");
   broker.restart("authorization { user: team, password: other }");
-  waitUntil([this] { return !log.filter("refuses the connection now; it is asked again").empty(); });
+  waitUntil(
+      [this] { return !log.filter("refuses the connection now; it is asked again").empty(); });
   push("A", "1");
   broker.restart("authorization { user: team, password: p }");
   waitFor("back");
