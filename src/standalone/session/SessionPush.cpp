@@ -61,6 +61,7 @@ void Session::Parts::push(const kuSessionCommand& pushed) {
 
 Publication Session::Parts::publish(const QByteArray& subject, const QByteArray& bytes,
                                     const QByteArray& id) {
+  _denial.clear();
   Publication answer = _stream->publish(subject, bytes, id);
   if (answer == Publication::Stored) _patience = std::chrono::milliseconds(0);
   if (answer == Publication::Unknown) {
@@ -98,6 +99,7 @@ void Session::Parts::awaitOwn(Awaited& awaited) {
 bool Session::Parts::awaitPlace(Awaited& awaited) {
   const Waiting waiting(_awaited, awaited);
   bool isStored = false;
+  _denial.clear();
   _lastRun = Clock::now();
   while (_isLinked && !isHeld() && !awaited.hasRun && !awaited.isRefused) {
     if (!waitForMore()) isStored = askForPlace(awaited, isStored);
