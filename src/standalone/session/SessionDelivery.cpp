@@ -162,7 +162,7 @@ bool Session::Parts::deliverOwn(const SessionFrame& frame, std::uint64_t sequenc
     _order.isFirst(frame.id);
     _order.hasRun();
     // Whoever pushed it gets what it throws.
-    if (_awaited->command.runsAtSender()) CommandRun::run(_awaited->command);
+    runHere(_awaited->command);
     tellRun(frame, sequence);
     return true;
   }

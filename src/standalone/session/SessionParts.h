@@ -87,6 +87,7 @@ class Session::Parts {
   /** False if nothing came for as long as the options say. */
   bool waitForMore();
   void runAlone(kuSessionCommand& command, const Outgoing& out, bool isSent);
+  static void runHere(kuSessionCommand& command);
   void keep(const Outgoing& out, bool isSent, std::shared_ptr<kuSessionCommand> command);
   bool isDenied(const QByteArray& subject) const;
   static void tellRefused(const QByteArray& subject);

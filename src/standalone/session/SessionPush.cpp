@@ -49,7 +49,7 @@ void Session::Parts::push(const kuSessionCommand& pushed) {
     return CommandRun::run(command);
   Outgoing out = outgoing(SessionFrame::Kind::Command, name, payloadOf(command));
   out.subject = _subject.command(name, keyOf(command));
-  if (isTooLong(out)) return CommandRun::run(command);
+  if (isTooLong(out)) return runHere(command);
   if (!mayPublish()) return runAlone(command, out, false);
   if (!_stream->send(out.subject, out.bytes, out.messageId())) {
     becomeAlone(QStringLiteral("it takes nothing"));
@@ -89,7 +89,7 @@ void Session::Parts::tellRefused(const QByteArray& subject) {
 
 void Session::Parts::awaitOwn(Awaited& awaited) {
   const bool isStored = awaitPlace(awaited);
-  if (awaited.isRefused) return CommandRun::run(awaited.command);
+  if (awaited.isRefused) return runHere(awaited.command);
   if (!awaited.hasRun) runAlone(awaited.command, awaited.out, isStored);
   _again.start();
 }
@@ -136,8 +136,12 @@ bool Session::Parts::waitForMore() {
 void Session::Parts::runAlone(kuSessionCommand& command, const Outgoing& out, bool isSent) {
   // Kept before it runs, since that may end with an exception.
   keep(out, isSent, kuSessionCommandFactory::the().copyOf(command));
-  if (command.runsAtSender()) CommandRun::run(command);
+  runHere(command);
   tellRun(out.frame, 0);
+}
+
+void Session::Parts::runHere(kuSessionCommand& command) {
+  if (command.runsAtSender()) CommandRun::run(command);
 }
 
 void Session::Parts::keep(const Outgoing& out, bool isSent,

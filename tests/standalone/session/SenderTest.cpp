@@ -95,6 +95,13 @@ TEST_F(SenderTest, WhatIsForThePartnersDoesNotRunAtItsSenderBehindAPartnersEithe
   EXPECT_EQ(sessionNotes(), (QStringList{"A=bens", "B=1"}));
 }
 
+TEST_F(SenderTest, WhatIsForThePartnersDoesNotRunAtItsSenderWhereItIsTooLongForThemEither) {
+  join();
+  pushDistant("A", QString(1 << 20, 'x'));
+  EXPECT_EQ(sessionNotes(), QStringList());
+  EXPECT_EQ(log.filter("is too long for the partners").size(), 1);
+}
+
 TEST_F(SenderTest, ACommandOfAClassThatIsNotRegisteredRunsHereOnly) {
   join();
   int runs = 0;
