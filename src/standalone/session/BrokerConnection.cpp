@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::int64_t kReconnectWait = 250;
 constexpr std::int64_t kPingInterval = 2000;
-constexpr std::chrono::seconds kCloseLimit{5};
+constexpr std::chrono::seconds kCloseLimit{5}, kEndedKept{60};
 /** No header of a message is longer; the broker counts it to the message. */
 constexpr qint64 kHeaderBytes = 256;
 
@@ -127,16 +127,23 @@ struct BrokerConnection::Parts {
   std::deque<BrokerReceiver> receivers;
   BrokerLink link;
   BrokerSubscription presence;
+  struct Ended {
+    BrokerSubscription subscription;
+    BrokerReceiver::Clock::time_point since;
+  };
+  std::deque<Ended> ended;
 };
 
 BrokerConnection::BrokerConnection(const SessionOptions& options,
                                    std::shared_ptr<SessionInbox> inbox)
-    : _parts(new Parts{options, SessionSubject(options.session), std::move(inbox), {}, {}, {}}) {
+    : _parts(
+          new Parts{options, SessionSubject(options.session), std::move(inbox), {}, {}, {}, {}}) {
   _parts->inbox->beginConnection();
 }
 
 /** Threads of the client may be at work for a moment after the connection has closed, and read what
- * has been freed by then. So what they were given stays as long as the process; it is small. */
+ * has been freed by then. So what they were given stays as long as the process: a few kilobytes
+ * and the stacks of threads that nobody joined. */
 void BrokerConnection::keepForEver(std::unique_ptr<Parts> parts) {
   static auto* const kept = new std::vector<std::unique_ptr<Parts>>;
   kept->push_back(std::move(parts));
@@ -144,7 +151,6 @@ void BrokerConnection::keepForEver(std::unique_ptr<Parts> parts) {
 
 BrokerConnection::~BrokerConnection() {
   if (_parts->link) {
-    _parts->presence.reset();
     natsConnection_FlushTimeout(_parts->link.get(), 500);
     natsConnection_Close(_parts->link.get());
     _parts->inbox->waitForClosed(kCloseLimit);
@@ -201,6 +207,15 @@ natsConnection* BrokerConnection::link() const { return _parts->link.get(); }
 
 BrokerReceiver* BrokerConnection::makeReceiver(unsigned number) {
   return &_parts->receivers.emplace_back(*_parts->inbox, number);
+}
+
+/** Frees what ended long ago: by then none of the client's threads has it in hand. */
+void BrokerConnection::keepEnded(natsSubscription* subscription) {
+  const BrokerReceiver::Clock::time_point now = BrokerReceiver::Clock::now();
+  std::deque<Parts::Ended>& ended = _parts->ended;
+  while (!ended.empty() && now - ended.front().since > kEndedKept)
+    ended.pop_front();
+  ended.push_back({BrokerSubscription(subscription), now});
 }
 
 void BrokerConnection::announce(const QByteArray& bytes) {

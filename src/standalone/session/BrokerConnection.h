@@ -55,6 +55,8 @@ class BrokerConnection {
   natsConnection* link() const;
   /** For a subscription of that number; it holds as long as any of the client's threads. */
   BrokerReceiver* makeReceiver(unsigned number);
+  /** Takes over a subscription that has ended: the client's threads may still be at it. */
+  void keepEnded(natsSubscription* subscription);
 
   /** Tells those who are there now; nobody knows whether it arrives. */
   void announce(const QByteArray& bytes);

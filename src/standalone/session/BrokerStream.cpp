@@ -102,8 +102,9 @@ BrokerStream::~BrokerStream() { retire(); }
 
 /** The broker forgets by itself to whom it delivered where nobody listens any more. */
 void BrokerStream::retire() {
-  if (_parts->subscription) natsSubscription_Unsubscribe(_parts->subscription.get());
-  _parts->subscription.reset();
+  if (!_parts->subscription) return;
+  natsSubscription_Unsubscribe(_parts->subscription.get());
+  _connection.keepEnded(_parts->subscription.release());
 }
 
 BrokerStream::State BrokerStream::find() {
