@@ -4,13 +4,6 @@
 
 namespace {
 
-osg::MaterialPtr materialOf(const osg::NodePtr& node) {
-  const osg::NodeCorePtr core = node->getCore();
-  if (const auto geometry = osg::GeometryPtr::dcast(core)) return geometry->getMaterial();
-  const auto group = osg::MaterialGroupPtr::dcast(core);
-  return group ? group->getMaterial() : osg::MaterialPtr();
-}
-
 QString nameOf(const osg::MaterialPtr& material) {
   return material ? QString::fromUtf8(kuMaterials::getName(material)) : QString();
 }
@@ -21,7 +14,7 @@ NodeMaterials::NodeMaterials() {
   std::vector<kuNodePtr> nodes;
   kuNodeUtils::getSceneNodes(nodes, false);
   for (const kuNodePtr& node : nodes) {
-    const osg::MaterialPtr material = materialOf(node);
+    const osg::MaterialPtr material = kuNodeUtils::getMaterial(node);
     if (material) _former.emplace_back(node, material);
   }
 }
@@ -29,7 +22,7 @@ NodeMaterials::NodeMaterials() {
 std::vector<NodeMaterialChange> NodeMaterials::changes() const {
   std::vector<NodeMaterialChange> changes;
   for (const auto& [node, former] : _former) {
-    const osg::MaterialPtr present = materialOf(node);
+    const osg::MaterialPtr present = kuNodeUtils::getMaterial(node);
     if (present == former) continue;
     changes.push_back({kuVariants::getNodePath(node), nameOf(former), nameOf(present)});
   }

@@ -98,7 +98,6 @@ bool Session::Parts::deliverFirst(const SessionDelivery& delivery) {
   if (isPassed(delivery)) return true;
   if (isBehindGap(delivery)) {
     // What follows comes again, behind what is missing.
-    _isMissing = true;
     _subscription = 0;
     _next.start();
     return true;

@@ -65,7 +65,6 @@ QString Session::Parts::attach() {
   if (!subscription.exists) return QStringLiteral("the broker does not deliver the session");
   if (isAnew) startAnew(state.identity);
   _leftOfPast = isAnew ? subscription.waiting : 0;
-  _isMissing = false;
   _subscription = _lastSubscription;
   _linkedSince = Clock::now();
   _catchUpTo = state.lastSequence;
@@ -164,7 +163,7 @@ QString Session::Parts::connectAnew() {
 void Session::Parts::fetchMissing() {
   if (!_isLinked || isHeld() || _isDelivering || CommandRun::isRunning()) return;
   const bool hasOverflown = _inbox->hasOverflown(_subscription) && !_inbox->firstMessage();
-  if (!hasOverflown && !_isMissing && !_stream->isSilent()) return;
+  if (_subscription != 0 && !hasOverflown && !_stream->isSilent()) return;
   const QString error = attach();
   if (!error.isEmpty()) becomeAlone(error);
 }

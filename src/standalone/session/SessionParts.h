@@ -148,7 +148,6 @@ class Session::Parts {
   std::uint64_t _lastSequence = 0;
   /** Messages of the last per subject that are still to come: there are gaps between these. */
   std::uint64_t _leftOfPast = 0;
-  bool _isMissing = false;
   Awaited* _awaited = nullptr;
   std::uint64_t _pushed = 0;
   /** What the broker said about the last message that it did not take for want of rights. */
@@ -165,7 +164,7 @@ class Session::Parts {
   /** Whether the broker has answered since it was lost. */
   bool _isEchoed = false;
   QByteArray _identity;
-  /** The present one; 0 while there is none. */
+  /** The present one; 0 while there is none, as where something is missing. */
   unsigned _subscription = 0, _lastSubscription = 0;
   Clock::time_point _lastSign, _nextSign, _nextAttempt, _linkedSince;
   std::chrono::milliseconds _patience{0};
